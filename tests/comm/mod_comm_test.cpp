@@ -1,0 +1,243 @@
+#include "comm/mod_comm.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <functional>
+
+#include "comm/wait.h"
+#include "platform/error_text.h"
+#include "platform/memory_line.h"
+#include "platform/timer.h"
+#include "platform/virtual_loop.h"
+
+namespace zephon {
+namespace {
+
+constexpr char kSettings[] = "baud=9600 parity=N data=8 stop=1";
+using Call = MemoryLine::Call;
+
+struct SilentPeer : LinePeer {
+  void hear(std::string_view bytes, int) override { heard += bytes; }
+  void lineOpened(bool) override { heard.clear(); }
+  std::string heard;
+};
+
+struct CountingLoop : VirtualLoop {
+  void runOnce() override {
+    ++passes;
+    VirtualLoop::runOnce();
+  }
+  int passes = 0;
+};
+
+class ModComm : public testing::Test {
+ protected:
+  ModComm() { line_.attach(&peer_, 12); }
+  std::int32_t open() { return CommOpen(port_, 12, "COM12", kSettings); }
+  PortRecord& entry() { return table_.ports[11]; }
+  void expectError(std::int32_t code, const std::string& source, const std::string& message) {
+    std::string text;
+    EXPECT_EQ(CommGetError(table_, text), code);
+    EXPECT_EQ(text, "Error (" + std::to_string(code) + "): " + source + " - " + message);
+  }
+
+  CountingLoop loop_;
+  MemoryLine line_{loop_};
+  SilentPeer peer_;
+  PortTable table_;
+  Port port_{table_, line_, loop_};
+};
+
+TEST_F(ModComm, OpenSetsUpTheLineAndCloseKeepsTheHandle) {
+  ASSERT_EQ(open(), 0);
+  EXPECT_EQ(entry().dcb, (LineState{9600, 'N', 8, 1}));
+  const SerialHandle handle = entry().handle;
+  EXPECT_EQ(CommClose(port_, 12), 0);
+  EXPECT_EQ(CommClose(port_, 12), 0);
+  EXPECT_EQ(line_.closes(), 1);
+  EXPECT_FALSE(entry().open);
+  EXPECT_EQ(entry().handle, handle);
+  EXPECT_NE(CommFlush(port_, 12), 0);  // flush asks the device about the old handle
+}
+
+TEST_F(ModComm, EachStepOfOpenHasItsOwnSource) {
+  const struct {
+    Call call;
+    const char* source;
+    bool leftOpen;
+  } steps[] = {{Call::Open, "CommOpen (CreateFile)", false},
+               {Call::Setup, "CommOpen (SetupComm)", true},
+               {Call::Purge, "CommOpen (PurgeComm)", true},
+               {Call::SetTimeouts, "CommOpen (SetCommTimeouts)", true},
+               {Call::GetState, "CommOpen (GetCommState)", true},
+               {Call::BuildState, "CommOpen (BuildCommDCB)", true},
+               {Call::SetState, "CommOpen (SetCommState)", true}};
+  for (const auto& step : steps) {
+    line_.failNext(step.call, EPERM);
+    EXPECT_EQ(open(), EPERM);
+    expectError(EPERM, step.source, "Operation not permitted");
+    EXPECT_EQ(entry().open, step.leftOpen) << step.source;
+    if (step.leftOpen) {
+      EXPECT_EQ(open(), -1);
+      expectError(-1, "CommOpen", "Port in use.");
+    }
+    EXPECT_EQ(CommClose(port_, 12), 0);
+    EXPECT_FALSE(line_.isOpen(12)) << step.source;
+  }
+}
+
+TEST_F(ModComm, OpenRefusesMissingPortAndBadModeString) {
+  EXPECT_EQ(CommOpen(port_, 13, "COM13", kSettings), ENOENT);
+  expectError(ENOENT, "CommOpen (CreateFile)", "No such file or directory");
+  EXPECT_FALSE(table_.ports[12].open);
+  EXPECT_EQ(CommOpen(port_, 12, "COM12", "baud=fast"), EINVAL);
+  expectError(EINVAL, "CommOpen (BuildCommDCB)", "Invalid argument");
+  EXPECT_EQ(CommClose(port_, 12), 0);
+}
+
+TEST_F(ModComm, EachFailureOfAnOpenPortHasItsOwnSourceAndResult) {
+  ASSERT_EQ(open(), 0);
+  std::string out = "old";
+  const std::string words = systemErrorText(EIO);
+  line_.failNext(Call::ClearError, EIO);
+  EXPECT_EQ(CommRead(port_, 12, out, 100), -1);
+  expectError(EIO, "CommRead (ClearCommError)", words);
+  EXPECT_EQ(out, "");
+  peer_.say("x", 9600);
+  line_.failNext(Call::Read, EIO);
+  EXPECT_EQ(CommRead(port_, 12, out, 100), -1);
+  expectError(EIO, "CommRead (ReadFile)", words + "  COMM Error Flags = 0");
+  line_.failNext(Call::Write, EIO);
+  line_.raiseFlags(0x1A);
+  EXPECT_EQ(CommWrite(port_, 12, "gN"), -1);
+  expectError(EIO, "CommWrite (WriteFile)", words + "  COMM Error Flags = 1A");
+  line_.failNext(Call::Purge, EIO);
+  EXPECT_EQ(CommFlush(port_, 12), EIO);
+  expectError(EIO, "CommFlush (PurgeComm)", words);
+  EXPECT_EQ(CommSetLine(port_, 12, 4, true), EINVAL);
+  expectError(EINVAL, "CommSetLine (EscapeCommFunction)", "Invalid argument");
+  line_.failNext(Call::Close, EIO);
+  EXPECT_EQ(CommClose(port_, 12), EIO);
+  expectError(EIO, "CommClose (CloseHandle)", words);
+  EXPECT_TRUE(entry().open);
+}
+
+TEST_F(ModComm, FailureWithoutAnErrorNumberGivesTheCount) {
+  ASSERT_EQ(open(), 0);
+  line_.failNext(Call::Write, 0);
+  loop_.passes = 0;
+  EXPECT_EQ(CommWrite(port_, 12, "gN"), 0);
+  EXPECT_EQ(loop_.passes, 1);
+  EXPECT_EQ(table_.lastCommError.code, 0);
+}
+
+TEST_F(ModComm, WriteRunsElevenPassesAndReadOne) {
+  ASSERT_EQ(open(), 0);
+  loop_.passes = 0;
+  EXPECT_EQ(CommWrite(port_, 12, "gN"), 2);
+  EXPECT_EQ(loop_.passes, 11);
+  EXPECT_EQ(peer_.heard, "gN");
+  line_.shortenNextWrite(1);
+  EXPECT_EQ(CommWrite(port_, 12, "gN"), 1);
+  loop_.passes = 0;
+  std::string out;
+  EXPECT_EQ(CommRead(port_, 12, out, 100), 0);
+  EXPECT_EQ(loop_.passes, 1);
+}
+
+TEST_F(ModComm, WriteErrorOutlivesANestedFailure) {
+  ASSERT_EQ(open(), 0);
+  line_.failNext(Call::Write, EIO);
+  line_.failNext(Call::Purge, EBUSY);
+  loop_.callAt(Instant{0}, [&] { CommFlush(port_, 12); });
+  EXPECT_EQ(CommWrite(port_, 12, "gN"), -1);
+  EXPECT_EQ(table_.lastCommError.code, EIO);
+}
+
+TEST_F(ModComm, ReadTakesTheWholeQueueUpToTheBuffer) {
+  ASSERT_EQ(open(), 0);
+  std::string all(2500, '\0');
+  for (std::size_t i = 0; i < all.size(); ++i) all[i] = static_cast<char>(i);
+  std::string out = "old";
+  peer_.say(all.substr(0, 300), 9600);
+  EXPECT_EQ(CommRead(port_, 12, out, 100), 300);
+  EXPECT_EQ(out, all.substr(0, 300));
+  peer_.say(all, 9600);
+  EXPECT_EQ(CommRead(port_, 12, out, 8196), 1024);
+  EXPECT_EQ(CommRead(port_, 12, out, 100), 1024);
+  EXPECT_EQ(CommRead(port_, 12, out, 100), 452);
+  EXPECT_EQ(out, all.substr(2048));
+  EXPECT_EQ(CommRead(port_, 12, out, 100), 0);
+  EXPECT_EQ(out, "");
+}
+
+TEST_F(ModComm, PortIdsOutsideTheTableAreARunTimeFailure) {
+  std::string out = "old";
+  const std::pair<const char*, std::function<std::int32_t(std::int16_t)>> calls[] = {
+      {"CommOpen", [&](std::int16_t id) { return CommOpen(port_, id, "COM1", kSettings); }},
+      {"CommClose", [&](std::int16_t id) { return CommClose(port_, id); }},
+      {"CommFlush", [&](std::int16_t id) { return CommFlush(port_, id); }},
+      {"CommRead", [&](std::int16_t id) { return CommRead(port_, id, out, 100); }},
+      {"CommWrite", [&](std::int16_t id) { return CommWrite(port_, id, "r"); }},
+      {"CommSetLine", [&](std::int16_t id) { return CommSetLine(port_, id, kLineDtr, true); }}};
+  for (const int id : {0, -1, 257, -32768, 32767}) {
+    for (const auto& [source, call] : calls) {
+      EXPECT_EQ(call(static_cast<std::int16_t>(id)), 9) << source;
+      expectError(9, source, "Subscript out of range");
+    }
+  }
+  EXPECT_EQ(out, "");
+  EXPECT_EQ(line_.opens(), 0);
+}
+
+TEST_F(ModComm, SetLineDrivesTheModemLines) {
+  ASSERT_EQ(open(), 0);
+  for (const bool state : {true, false}) {
+    for (const std::int16_t one : {kLineBreak, kLineDtr, kLineRts})
+      EXPECT_EQ(CommSetLine(port_, 12, one, state), 0);
+    const auto lines = line_.modemLines(12);
+    EXPECT_EQ(lines.sendsBreak, state);
+    EXPECT_EQ(lines.dtr, state);
+    EXPECT_EQ(lines.rts, state);
+  }
+}
+
+TEST_F(ModComm, AwaitEndsWithBytesEventsOrTheDeadline) {
+  ASSERT_EQ(open(), 0);
+  EXPECT_EQ(CommAwait(port_, 12, fromMillis(5)), Woke::Deadline);
+  EXPECT_EQ(loop_.now(), fromMillis(5));
+  line_.delayArrivals(20);
+  peer_.say("ab", 9600);
+  EXPECT_EQ(CommAwait(port_, 12), Woke::Served);  // the arrival itself
+  EXPECT_EQ(loop_.now(), fromMillis(25));
+  EXPECT_EQ(CommAwait(port_, 12), Woke::Readable);
+  line_.detach(12);
+  EXPECT_EQ(CommAwait(port_, 12, fromMillis(60)), Woke::Deadline);
+  EXPECT_EQ(CommAwait(port_, 999, fromMillis(70)), Woke::Deadline);
+  EXPECT_EQ(loop_.now(), fromMillis(70));
+}
+
+TEST(Wait, RunsTheLoopAtLeastOnceAndUntilTheEnd) {
+  VirtualLoop loop;
+  bool ending = false;
+  int ticks = 0;
+  Timer timer(loop);
+  timer.onTick = [&] { ++ticks; };
+  timer.setInterval(10);
+  timer.setEnabled(true);
+  bool served = false;
+  loop.callAt(Instant{0}, [&] { served = true; });
+  wait(loop, ending, 0);
+  EXPECT_TRUE(served);
+  EXPECT_EQ(loop.now(), Instant{0});
+  wait(loop, ending, 45);
+  EXPECT_EQ(loop.now(), fromMillis(45));
+  EXPECT_EQ(ticks, 4);
+  loop.callAt(fromMillis(60), [&] { ending = true; });
+  wait(loop, ending, 1e300);
+  EXPECT_EQ(loop.now(), fromMillis(60));
+}
+
+}  // namespace
+}  // namespace zephon
