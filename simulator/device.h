@@ -1,0 +1,121 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "simulator/limits.h"
+#include "simulator/memory_image.h"
+#include "simulator/options.h"
+#include "simulator/profile.h"
+#include "simulator/site.h"
+#include "simulator/zone.h"
+
+namespace zephon::simulator {
+
+enum class Event { Overload, Outage, UnderShutdown, UnderRecord, OverRecord, OverShutdown, Surge };
+inline constexpr std::size_t kEvents = 7;
+
+// Option settings of a first-line device; the second line only has the first.
+struct Switches {
+  bool autoTransmit = false;
+  bool chartMemory = false;       // its recording runs
+  bool groundDetection = true;    // a neutral-to-ground fault shuts the outlets off
+  bool overloadShutdown = false;  // an overload of ten seconds shuts the outlets off
+  bool powerFailHold = false;     // the outlets stay off after an outage
+};
+
+// The device behind its serial port: its registers, and what the site does to them as time passes. Time is in
+// seconds since the loop's start and is moved on by whoever asks, so an idle device costs nothing.
+//
+// It looks at the line every ten seconds and at each moment when a disturbance starts or ends, whenever it
+// is asked: what it counts does not depend on who reads it how often.
+class Device {
+ public:
+  Device(const Profile& profile, const Options& options);
+
+  const Profile& profile() const { return profile_; }
+  Site& site() { return site_; }
+
+  // Time passes up to `seconds`. An earlier time changes nothing.
+  void advanceTo(double seconds);
+  // After a change from outside (a write, a held value): the device looks at the line now.
+  void look();
+
+  // What the meters see now.
+  SiteValues values() const;
+  void hold(const Held& held);
+  void release() { hold({}); }
+
+  LimitRegisters registers;  // first line
+  MemoryImage image;         // second line
+  Switches switches;
+  std::string userId;
+  std::uint8_t battery = 0xFA;  // of 256 for 3 V
+  bool centreTapped = false;    // wiring of a 240 V second-line device: 180 degrees, not 120
+  Limits limits() const;
+
+  // Event counts of a first-line device; a second-line device tells those of its memory image.
+  std::uint32_t count(Event event) const { return counts_[static_cast<std::size_t>(event)]; }
+  void setCount(Event event, std::uint32_t count) { counts_[static_cast<std::size_t>(event)] = count; }
+  void clearCounts();
+  std::int64_t secondsSinceEvent() const;
+
+  // Outlets. The letters: '0' off, '1' on, 'C' cycling, 'V' off because the voltage lies or lay beyond a
+  // shutdown point and is not back at the restore points, 'G' off for a neutral-to-ground fault, and whatever
+  // fault was forced.
+  void switchOutlets(bool on);
+  void cycleOutlets();
+  void forceFault(char letter) { forcedFault_ = letter; }  // 0 ends it
+  char outletLetter() const;
+
+  std::int64_t clock() const;  // universal time as the device believes it
+  void setClock(std::int64_t unixSeconds);
+
+  double kilowattHours() const;
+  std::int64_t energySince() const { return energySince_; }
+  void setEnergy(double kilowattHours);  // counting from now
+
+  // The next count of a second-line converter whose input lies at `mean`: its last bit dithers, so that an
+  // average over many is true.
+  int sample(double mean);
+
+ private:
+  void step(double seconds);
+  void watchVoltage(const SiteValues& seen);
+  void watchLoad(const SiteValues& seen);
+  void watchSurges(double from);
+  void recordZone(Zone before, Zone next);
+  void record(Event event);
+  bool groundFault(const SiteValues& seen) const;
+  bool cycling() const { return now_ < cycleEnd_; }
+  SiteValues lineValues() const;
+
+  Profile profile_;
+  Options options_;
+  Site site_;
+  Held held_;
+  double now_;
+
+  Zone zone_ = Zone::Normal;
+  bool shutdown_ = false;
+  bool wantOn_ = true;
+  double cycleEnd_;
+  char forcedFault_ = 0;
+  bool overloaded_ = false;
+  double overloadStart_ = 0;
+
+  std::array<std::uint32_t, kEvents> counts_{};
+  double lastEvent_;
+
+  double clockSetAt_;
+  std::int64_t clockBase_;
+
+  double energy_ = 0;  // kWh up to the last look
+  double watts_ = 0;   // since then
+  double lookedAt_;
+  std::int64_t energySince_ = 0;
+  double dither_ = 0;
+};
+
+}  // namespace zephon::simulator

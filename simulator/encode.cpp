@@ -1,0 +1,48 @@
+#include "simulator/encode.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace zephon::simulator {
+namespace {
+
+// `value` rounded and held within `bytes` bytes, most significant first.
+std::string bigEndian(double value, int bytes) {
+  const double top = std::ldexp(1.0, 8 * bytes) - 1.0;
+  const auto whole = static_cast<std::uint64_t>(std::clamp(std::round(value), 0.0, top));
+  std::string text;
+  for (int shift = 8 * (bytes - 1); shift >= 0; shift -= 8)
+    text += asChar(static_cast<int>(whole >> shift & 0xFF));
+  return text;
+}
+
+}  // namespace
+
+std::string unsignedFraction(double share, int bytes) {
+  return bigEndian(std::ldexp(share, 8 * bytes), bytes);
+}
+
+std::string signedFraction(double share) {
+  const int magnitude = static_cast<int>(std::min(std::round(std::abs(share) * 256.0), 127.0));
+  return std::string(1, asChar(share < 0 ? ~magnitude : magnitude));
+}
+
+std::string fixedPoint8_24(double value) {
+  return bigEndian(std::ldexp(value, 24), 4);
+}
+
+std::string bigEndian16(std::uint32_t count) {
+  return bigEndian(count, 2);
+}
+
+std::uint8_t toBcd(std::int64_t number) {
+  const auto held = std::clamp<std::int64_t>(number, 0, 99);
+  return static_cast<std::uint8_t>(held / 10 * 16 + held % 10);
+}
+
+std::optional<int> fromBcd(std::uint8_t byte) {
+  if (byte >> 4 > 9 || (byte & 15) > 9) return std::nullopt;
+  return (byte >> 4) * 10 + (byte & 15);
+}
+
+}  // namespace zephon::simulator

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace zephon::simulator {
+
+enum class Line {
+  Orvantis,  // 115200 baud, "g" and "s" commands
+  Tessara,   // 9600 baud, single letters
+};
+
+// Which device stands on the line: what is on its plate and in its program memory.
+struct Profile {
+  Line line = Line::Orvantis;
+  int rating = 120;          // volts on the plate: 120 or 240
+  double siteVolts = 120.0;  // what the site delivers on a normal day: 120, 208, 230, 240
+  // Exactly four characters as they go over the wire: "1KD1" of the first line, which leaves the point out;
+  // "2.00", "1.67", "1*14" of the second, which tells a 240 V rating by the "*".
+  std::string firmware = "1KD1";
+  std::array<std::uint8_t, 3> chip = {0x4C, 0x5A, 0x17};
+  std::string userId = "ZEPHON SIM";  // the name stored in a first-line device, ten characters
+  bool chartMemory = true;            // a first-line device with its chart memory fitted
+
+  int baud() const { return line == Line::Orvantis ? 115200 : 9600; }
+  // The firmware's version for comparing: first-line text with the point put in, second-line text as it is.
+  std::string version() const;
+  // The chip number as it goes over the wire: its three bytes with "." between them.
+  std::string chipBytes() const;
+  // The mains' nominal frequency: 50 Hz at a 230 V site, 60 Hz elsewhere.
+  double nominalHertz() const { return siteVolts > 219 && siteVolts < 236 ? 50.0 : 60.0; }
+};
+
+// The newest device of a line and rating at an ordinary site of that rating.
+Profile makeProfile(Line line, int rating = 120);
+
+// A text made as long as the field it is stored in: cut, or filled with blanks at the end.
+std::string fitted(std::string_view text, std::size_t length);
+
+}  // namespace zephon::simulator
