@@ -1,0 +1,107 @@
+#include "protocol/encodings.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+namespace zephon {
+namespace {
+
+using namespace std::string_literals;
+
+// The decoding by way of its bit text.
+double fractionByBits(const std::string& raw, bool isSigned) {
+  std::string bits;
+  for (const char digit : ascii2hex(raw)) bits += hex2bin(digit);
+  if (isSigned && bits.front() == '1') return binFraction(complement(bits)) * -1.0f;
+  return binFraction(bits);
+}
+
+std::string bigEndian(std::uint32_t number, int bytes) {
+  std::string raw;
+  for (int i = bytes - 1; i >= 0; --i) raw += static_cast<char>(number >> 8 * i);
+  return raw;
+}
+
+void expectSameBits(std::uint32_t number, int bytes) {
+  const std::string raw = bigEndian(number, bytes);
+  for (const bool isSigned : {false, true}) {
+    ASSERT_EQ(std::bit_cast<std::uint64_t>(unscaledFraction(raw, isSigned)),
+              std::bit_cast<std::uint64_t>(fractionByBits(raw, isSigned)))
+        << ascii2hex(raw) << ' ' << isSigned;
+  }
+}
+
+TEST(Encodings, decodesFractions) {
+  const struct {
+    std::string raw;
+    bool isSigned;
+    double value;
+  } rows[] = {{"\x80\x00"s, false, 0.5},
+              {"\x80\x00"s, true, -0.4999847412109375},
+              {"\x7F"s, true, 0.49609375},
+              {"\x01\x80\x00\x00"s, false, 1.5},
+              {"\xFF\xFF\xFF\xFF"s, false, 256},  // rounded up while adding
+              {"\x01\x00\x00\x01"s, false, 1},    // the last bit is lost in rounding
+              {"\x00\x00\x00\x01"s, false, 0x1p-24},
+              {""s, true, 0},
+              {"\x80\x00\x00\x00\x00"s, false, 0}};
+  for (const auto& row : rows)
+    EXPECT_EQ(unscaledFraction(row.raw, row.isSigned), row.value) << ascii2hex(row.raw);
+  EXPECT_TRUE(std::signbit(unscaledFraction("\xFF\xFF", true)));
+}
+
+TEST(Encodings, decodesAsFastAsSlowly) {
+  for (std::uint32_t number = 0; number < 0x100; ++number) expectSameBits(number, 1);
+  for (std::uint32_t number = 0; number < 0x10000; ++number) expectSameBits(number, 2);
+  std::mt19937 random(1);
+  for (int i = 0; i < 20000; ++i) {
+    expectSameBits(static_cast<std::uint32_t>(random()), 3);
+    expectSameBits(static_cast<std::uint32_t>(random()), 4);
+    expectSameBits(static_cast<std::uint32_t>(random()) | 0x00FFFF00, 4);
+  }
+}
+
+TEST(Encodings, convertsBetweenHexAndText) {
+  EXPECT_EQ(ascii2hex("\x0F\xA0Z"), "0FA05A");
+  EXPECT_EQ(hex2ascii("0200"), "\x02\x00"s);
+  EXPECT_EQ(hex2ascii("b5F"), "\xB5\x0F");
+  EXPECT_EQ(hex2ascii("G14Z"), "\x00\x04"s);
+  EXPECT_EQ(hex2bin('F'), "1111");
+  EXPECT_EQ(hex2bin(' '), " ");
+  EXPECT_EQ(hex2bin('a'), "");
+  EXPECT_EQ(complement("0110"), "1001");
+  for (const auto& [text, number] :
+       {std::pair{"7", 7}, {"a", 10}, {"F", 15}, {"12", 12}, {"g", 0}, {"", 0}, {"99999", 0}}) {
+    EXPECT_EQ(HexToDec(text), number) << text;
+  }
+}
+
+TEST(Encodings, convertsBetweenBitsAndDecimals) {
+  EXPECT_EQ(BinaryToDecimal("10"), "02");
+  EXPECT_EQ(BinaryToDecimal("11"), "03");
+  EXPECT_EQ(BinaryToDecimal("1"), "");
+  EXPECT_EQ(DecimalToBinary(0), "0000");
+  EXPECT_EQ(DecimalToBinary(6), "0110");
+  EXPECT_EQ(DecimalToBinary(18), "10010");
+  EXPECT_EQ(binFraction("101"), 0);
+}
+
+TEST(Encodings, weighsOnlyTheSecondLastByte) {
+  EXPECT_EQ(decodeDecimal("\xF0"), 240);
+  EXPECT_EQ(decodeDecimal("\x01\x02"), 258);
+  EXPECT_EQ(decodeDecimal("\xFF\xFF"), 65535);
+  EXPECT_EQ(decodeDecimal("\x04\x01\x02"), 262);
+  EXPECT_EQ(decodeDecimal(""), 0);
+}
+
+TEST(Encodings, readsBcdUpToTheFirstLetter) {
+  for (const auto& [byte, number] :
+       {std::pair{0x59, 59}, {0x1A, 1}, {0x0F, 0}, {0xFF, 0}, {0xA1, 0}, {0x99, 99}, {0x1E, 1}}) {
+    EXPECT_EQ(bcdByte(static_cast<std::uint8_t>(byte)), number) << byte;
+  }
+}
+
+}  // namespace
+}  // namespace zephon

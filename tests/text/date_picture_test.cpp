@@ -1,0 +1,84 @@
+#include "text/date_picture.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+
+namespace zephon {
+namespace {
+
+bool isLeap(int year) {
+  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
+}
+
+int monthLength(int year, int month) {
+  constexpr std::array<int, 12> kLengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+  return kLengths[static_cast<std::size_t>(month - 1)] + (month == 2 && isLeap(year) ? 1 : 0);
+}
+
+TEST(Calendar, countsEveryDayOfMoreThanFourHundredYears) {
+  ASSERT_EQ(calendarDay(1899, 12, 30), 0);
+  ASSERT_EQ(calendarDay(1970, 1, 1), 25569);
+  std::int64_t day = calendarDay(-5, 1, 1);
+  for (const auto& [first, last] : {std::pair{-5, 410}, std::pair{1890, 2110}}) {
+    day = calendarDay(first, 1, 1);
+    for (int year = first; year <= last; ++year) {
+      for (int month = 1; month <= 12; ++month) {
+        for (int date = 1; date <= monthLength(year, month); ++date, ++day) {
+          const CalendarTime expected{year, month, date, 23, 59, 59};
+          ASSERT_EQ(calendarSeconds(expected), (day + 1) * kSecondsPerDay - 1);
+          ASSERT_EQ(calendarFromSeconds(calendarSeconds(expected)), expected)
+              << year << ' ' << month << ' ' << date;
+        }
+      }
+    }
+  }
+}
+
+TEST(Calendar, carriesPartsOutOfRange) {
+  const struct {
+    CalendarTime parts;
+    CalendarTime carried;
+  } rows[] = {{{200, 0, 0, 0, 0, 0}, {199, 11, 30, 0, 0, 0}},
+              {{2024, 2, 30, 25, 61, 61}, {2024, 3, 2, 2, 2, 1}},
+              {{2013, 14, 1, 0, 0, -1}, {2014, 1, 31, 23, 59, 59}},
+              {{2000, -12, 1, 0, 0, 0}, {1998, 12, 1, 0, 0, 0}}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(calendarFromSeconds(calendarSeconds(row.parts)), row.carried) << row.parts.year;
+    EXPECT_EQ(calendarFromValue(dateValue(row.parts)), row.carried) << row.parts.year;
+  }
+}
+
+TEST(Calendar, readsDateValuesToTheNearestSecond) {
+  EXPECT_EQ(dateValue({2018, 12, 31, 12, 0, 0}), 43465.5);
+  EXPECT_EQ(calendarFromValue(43465.999999), (CalendarTime{2019, 1, 1, 0, 0, 0}));
+  EXPECT_EQ(calendarFromValue(std::numeric_limits<double>::quiet_NaN()),
+            (CalendarTime{1899, 12, 30, 0, 0, 0}));
+  EXPECT_EQ(calendarFromValue(1e300), (CalendarTime{9999, 12, 31, 23, 59, 59}));
+  EXPECT_EQ(calendarFromValue(-std::numeric_limits<double>::infinity()),
+            (CalendarTime{-9999, 1, 1, 0, 0, 0}));
+  EXPECT_EQ(weekdayOfValue(43465), 1);         // Monday
+  EXPECT_EQ(weekdayOfValue(43463.99), 6);      // Saturday
+  EXPECT_EQ(weekdayOfValue(43463.999999), 0);  // Sunday, as its text says
+  EXPECT_EQ(weekday(-1), 5);
+}
+
+TEST(DatePicture, tellsMonthsFromMinutes) {
+  const CalendarTime time{2009, 2, 3, 4, 5, 6};
+  const struct {
+    const char* picture;
+    const char* text;
+  } rows[] = {{"mm/dd/yy hh:nn:ss", "02/03/09 04:05:06"},
+              {"mm/dd/yyyy", "02/03/2009"},
+              {"hh:mm:ss", "04:05:06"},
+              {"mm-dd-yyyy hh.mm.ss", "02-03-2009 04.05.06"},
+              {"YYYYMMDDHHmmSS", "20090203040506"},
+              {"mm/dd/yyyy,hh:mm:ss", "02/03/2009,04:05:06"},
+              {"m/d h:n mm", "2/3 4:5 02"}};
+  for (const auto& row : rows) EXPECT_EQ(formatDate(time, row.picture), row.text);
+  EXPECT_EQ(formatDate(dateValue(time) + 0.4 / kSecondsPerDay, "hh:mm:ss"), "04:05:06");
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,55 @@
+#include "text/number.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace zephon {
+namespace {
+
+TEST(Number, roundsTiesToEvenWithinTheWidth) {
+  EXPECT_EQ(toInt16(2.5), 2);
+  EXPECT_EQ(toInt16(3.5), 4);
+  EXPECT_EQ(toInt16(-0.5), 0);
+  EXPECT_EQ(toInt16(32767.4), 32767);
+  EXPECT_EQ(toInt16(32767.5), std::nullopt);
+  EXPECT_EQ(toInt16(-32768.5), -32768);
+  EXPECT_EQ(toInt16(-32769), std::nullopt);
+  EXPECT_EQ(toInt32(2147483647.4), 2147483647);
+  EXPECT_EQ(toInt32(2147483648.0), std::nullopt);
+  EXPECT_EQ(toInt32(std::nan("")), std::nullopt);
+  EXPECT_EQ(toInt32(-std::numeric_limits<double>::infinity()), std::nullopt);
+}
+
+TEST(Number, readsTheNumberAtTheStart) {
+  const struct {
+    const char* text;
+    double number;
+  } rows[] = {{"12V", 12}, {"1.5e2x", 150}, {"  -3.25 ", -3.25}, {"+7", 7},      {".5", 0.5},
+              {"5.", 5},   {"1e", 1},       {"1E+", 1},          {"", 0},        {"-", 0},
+              {".", 0},    {"x1", 0},       {"inf", 0},          {"nan", 0},     {"0x1F", 0},
+              {"1,5", 1},  {"+-2", 0},      {"1e999", 0},        {"\xFF\xFF", 0}};
+  for (const auto& row : rows) EXPECT_EQ(numberAtStart(row.text), row.number) << row.text;
+}
+
+TEST(Number, refusesWhatIsNotWhollyANumber) {
+  EXPECT_EQ(wholeNumber(" -42\r"), -42);
+  EXPECT_EQ(wholeNumber("999999999"), 999999999);
+  for (const char* text : {"", " ", "-", "1.0", "12a", "1000000000", "1 2", "0x1"}) {
+    EXPECT_EQ(wholeNumber(text), std::nullopt) << text;
+  }
+  EXPECT_EQ(plainNumber(" 1.5\t"), 1.5);
+  for (const char* text : {"", "1.5 V", "1.5.2", "e5", "1e999", "nan"})
+    EXPECT_EQ(plainNumber(text), std::nullopt) << text;
+}
+
+TEST(Number, padsWithZerosBehindTheSign) {
+  EXPECT_EQ(padded(7, 2), "07");
+  EXPECT_EQ(padded(-7, 2), "-07");
+  EXPECT_EQ(padded(12345, 4), "12345");
+  EXPECT_EQ(padded(0, 1), "0");
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,34 @@
+#include "text/strings.h"
+
+#include <gtest/gtest.h>
+
+namespace zephon {
+namespace {
+
+TEST(Strings, splitsIntoEveryPart) {
+  using Parts = std::vector<std::string>;
+  EXPECT_EQ(split("a,,b,", ','), (Parts{"a", "", "b", ""}));
+  EXPECT_EQ(split("", ','), (Parts{""}));
+}
+
+TEST(Strings, comparesWithoutCase) {
+  EXPECT_TRUE(equalIgnoringCase("CsV", "csv"));
+  EXPECT_FALSE(equalIgnoringCase("csv", "csvx"));
+  EXPECT_FALSE(equalIgnoringCase("[", "{"));
+  EXPECT_EQ(findIgnoringCase("xxon/OFF", "off"), 5u);
+  EXPECT_EQ(findIgnoringCase("of", "off"), std::string_view::npos);
+  EXPECT_EQ(findIgnoringCase("", ""), 0u);
+  EXPECT_EQ(upperCase("aZ\xE4{"), "AZ\xE4{");
+}
+
+TEST(Strings, cutsWithinShortTexts) {
+  EXPECT_EQ(trimmed(" \t a b\r\n"), "a b");
+  EXPECT_EQ(trimmed("  "), "");
+  EXPECT_EQ(lastOf("abc", 2), "bc");
+  EXPECT_EQ(lastOf("abc", 5), "abc");
+  EXPECT_EQ(partOf("abc", 1, 5), "bc");
+  EXPECT_EQ(partOf("abc", 9, 1), "");
+}
+
+}  // namespace
+}  // namespace zephon
