@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "platform/timer.h"
+
+namespace zephon {
+
+// Why an exchange with the device failed.
+enum class ExchangeFailure {
+  None,
+  Closed,      // the port is not open, or refused the write
+  TimedOut,    // nothing came before the watchdog
+  ShortReply,  // some bytes came, too few before the watchdog
+  Refused,     // the device answered something else
+  Cancelled,   // another exchange took the line, the page was left, or the program is closing
+};
+
+// State shared by all exchanges.
+struct Exchange {
+  explicit Exchange(EventLoop& loop) : Timer1(loop) {}
+
+  std::string replyBuffer;  // the command during the write, then each chunk read
+  bool timedOut = false;    // set by Timer1's tick
+  Timer Timer1;             // the one watchdog of all exchanges
+  ExchangeFailure lastFailure = ExchangeFailure::None;
+};
+
+}  // namespace zephon

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+
+#include "platform/event_loop.h"
+#include "platform/serial_device.h"
+#include "platform/wall_clock.h"
+#include "screen/dialogs.h"
+
+namespace zephon {
+
+// The folders that the tool reads and writes, each without a separator at its end.
+struct Folders {
+  std::string program;  // dictionaries, fonts, pictures
+  std::string config;   // config.txt: the program's folder or, where that can't be written, the user's
+  std::string state;    // journals of unsaved recordings
+  std::string desktop;  // where file dialogs start; empty for none
+};
+
+// What the tool asks of the world around it.
+struct Surroundings {
+  EventLoop& loop;
+  SerialDevice& serial;
+  const WallClock& clock;
+  Dialogs& dialogs;
+  Folders folders;
+};
+
+}  // namespace zephon

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <string>
+
+namespace zephon {
+
+// Folders, each an absolute path without a separator at its end.
+
+// Where the running program lies; empty if the system doesn't tell.
+std::string programFolder();
+
+// The user's own folders for this program, which need not exist yet: $XDG_CONFIG_HOME, $XDG_STATE_HOME and
+// $XDG_DATA_HOME, or where those name no absolute path ~/.config, ~/.local/state and ~/.local/share; then
+// "/zephon". Empty for a user without a home.
+std::string configFolder();
+std::string stateFolder();
+std::string dataFolder();
+
+// The user's desktop: the one that user-dirs.dirs among the configuration names, or ~/Desktop. Only one that
+// stands; otherwise empty.
+std::string desktopFolder();
+
+// True if the path leads, through links, to something that is no folder: a file, a device, a pipe. False for
+// a folder, for a link that leads nowhere, and for what may not be looked at.
+bool fileExists(const std::string& path);
+
+// True if the path is a folder in which files can be made.
+bool canWrite(const std::string& folder);
+
+}  // namespace zephon

@@ -1,0 +1,161 @@
+#include "platform/save_file.h"
+
+#include <fcntl.h>
+#include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <iterator>
+#include <optional>
+#include <system_error>
+
+#include "platform/error_text.h"
+
+namespace zephon {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kMostLinks = 40;
+constexpr int kMostNames = 100;
+
+// A limit of the file size is an error to tell, not the end of the program.
+class FileSizeSignalOff {
+ public:
+  FileSizeSignalOff() { before_ = ::signal(SIGXFSZ, SIG_IGN); }
+  FileSizeSignalOff(const FileSizeSignalOff&) = delete;
+  FileSizeSignalOff& operator=(const FileSizeSignalOff&) = delete;
+  ~FileSizeSignalOff() { ::signal(SIGXFSZ, before_); }
+
+ private:
+  sighandler_t before_;
+};
+
+SaveResult failed(SaveStep step) {
+  return {step, errno};
+}
+
+// Follows the links of the last name, to what may not exist yet. Nothing if they go in a circle.
+std::optional<fs::path> targetOf(fs::path path) {
+  for (int i = 0; i < kMostLinks; ++i) {
+    std::error_code error;
+    const fs::path next = fs::read_symlink(path, error);
+    if (error) return path;
+    path = path.parent_path() / next;  // an absolute link takes the place of the whole
+  }
+  errno = ELOOP;
+  return std::nullopt;
+}
+
+std::string folderOf(const fs::path& path) {
+  return path.has_parent_path() ? path.parent_path().string() : ".";
+}
+
+SaveResult writeAll(int file, std::string_view bytes, const FileCalls& calls) {
+  while (!bytes.empty()) {
+    const ssize_t count = calls.write(file, bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count == 0) errno = EIO;  // no progress, and no reason given
+    if (count <= 0) return failed(SaveStep::Write);
+    bytes.remove_prefix(static_cast<std::size_t>(count));
+  }
+  return {};
+}
+
+// Some file systems and devices have nothing to put on a disk, and say so.
+bool sync(int file, const FileCalls& calls) {
+  return calls.fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP;
+}
+
+// Writes an open file, syncs and closes it: closed after a failure too.
+SaveResult fill(int file, std::string_view bytes, const struct stat* old, const FileCalls& calls) {
+  SaveResult result;
+  if (old) {
+    // Only root gives files away: for anybody else the new one is the user's own.
+    [[maybe_unused]] const int given = ::fchown(file, old->st_uid, old->st_gid);
+    if (calls.fchmod(file, old->st_mode & 07777) != 0) result = failed(SaveStep::Mode);
+  }
+  if (result) result = writeAll(file, bytes, calls);
+  if (result && !sync(file, calls)) result = failed(SaveStep::Sync);
+  if (calls.close(file) != 0 && result) result = failed(SaveStep::Close);
+  return result;
+}
+
+// Makes a new file beside the target. Its name is short whatever the target's, which may be as long as names
+// get.
+int createBeside(const std::string& folder, std::string& name, const FileCalls& calls) {
+  for (int i = 0; i < kMostNames; ++i) {
+    name = folder + "/.zephon-" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
+    const int file = calls.open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file >= 0 || errno != EEXIST) return file;
+  }
+  return -1;
+}
+
+SaveResult syncFolder(const std::string& folder, const FileCalls& calls) {
+  const int file = calls.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+  if (file < 0) return failed(SaveStep::SyncFolder);
+  SaveResult result;
+  if (!sync(file, calls)) result = failed(SaveStep::SyncFolder);
+  calls.close(file);
+  return result;
+}
+
+SaveResult replace(const fs::path& target, std::string_view bytes, const struct stat* old,
+                   const FileCalls& calls) {
+  const std::string folder = folderOf(target);
+  std::string beside;
+  const int file = createBeside(folder, beside, calls);
+  if (file < 0) return failed(SaveStep::Create);
+  SaveResult result = fill(file, bytes, old, calls);
+  if (result && calls.rename(beside.c_str(), target.c_str()) != 0) result = failed(SaveStep::Rename);
+  if (!result) {
+    ::unlink(beside.c_str());
+    return result;
+  }
+  return syncFolder(folder, calls);
+}
+
+SaveResult writeInPlace(const fs::path& target, std::string_view bytes, const FileCalls& calls) {
+  const int file = calls.open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY, 0);
+  if (file < 0) return failed(SaveStep::Create);
+  return fill(file, bytes, nullptr, calls);
+}
+
+}  // namespace
+
+FileCalls systemFileCalls() {
+  return {[](const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); },
+          ::write,
+          ::fchmod,
+          ::fsync,
+          ::close,
+          [](const char* from, const char* to) { return std::rename(from, to); }};
+}
+
+std::string saveErrorText(const SaveResult& result) {
+  constexpr const char* kSteps[] = {"",        "looking", "creating", "setting the mode",  "writing",
+                                    "syncing", "closing", "renaming", "syncing the folder"};
+  if (result) return {};
+  return std::string(kSteps[static_cast<int>(result.step)]) + ": " + systemErrorText(result.error);
+}
+
+SaveResult saveFile(const std::string& path, std::string_view bytes, const FileCalls& calls) {
+  const auto target = targetOf(path);
+  if (!target) return failed(SaveStep::Look);
+  const FileSizeSignalOff quiet;
+  struct stat old {};
+  if (::stat(target->c_str(), &old) != 0) {
+    return errno == ENOENT ? replace(*target, bytes, nullptr, calls) : failed(SaveStep::Look);
+  }
+  if (S_ISDIR(old.st_mode)) return {SaveStep::Look, EISDIR};
+  if (!S_ISREG(old.st_mode)) return writeInPlace(*target, bytes, calls);
+  if (::faccessat(AT_FDCWD, target->c_str(), W_OK, AT_EACCESS) != 0) return failed(SaveStep::Look);
+  return replace(*target, bytes, &old, calls);
+}
+
+}  // namespace zephon

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace zephon {
+
+// A language is a plain text file, "<code>.dictionary", one entry a line, UTF-8: line N, counted from 0, is
+// entry N. There are 271 entries at the least.
+inline constexpr std::size_t kLeastEntries = 271;
+
+struct DictionaryFile {
+  std::vector<std::string> entries;
+  std::string fault;  // why the text is no dictionary; empty when it is one
+};
+
+DictionaryFile parseDictionary(std::string_view text);
+
+// The codes of the languages among the names of a folder, in the folder's order: what stands before
+// ".dictionary" in each name that holds it, in any case of letters.
+std::vector<std::string> languagesAmong(const std::vector<std::string>& names);
+
+}  // namespace zephon

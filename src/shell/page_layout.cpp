@@ -1,0 +1,213 @@
+#include "shell/page_layout.h"
+
+#include <initializer_list>
+
+#include "shell/firmware_gates.h"
+
+namespace zephon {
+namespace {
+
+using Elements = std::initializer_list<Element*>;
+
+void setVisible(Elements elements, bool on) {
+  for (Element* element : elements) element->setVisible(on);
+}
+
+void show(Elements elements) {
+  setVisible(elements, true);
+}
+void hide(Elements elements) {
+  setVisible(elements, false);
+}
+
+void scopePage(Main& main, bool on) {
+  ScopeElements& s = main.scope;
+  setVisible({&s.CH1togBtn, &s.CH2togBtn, &s.CH3togBtn, &s.p1upBtn, &s.p1downBtn, &s.p2upBtn, &s.p2downBtn,
+              &s.p3upBtn, &s.p3downBtn, &s.XinBtn, &s.XoutBtn, &s.oneShotVbtn, &s.oneShotAbtn, &s.holdBtn,
+              &s.xTimeLbl},
+             on);
+}
+
+void chartPage(Main& main, bool on) {
+  ChartElements& c = main.chart;
+  setVisible({&c.vlnChartBtn, &c.aChartBtn, &c.pChartBtn, &c.vngChartBtn, &c.fChartBtn, &c.pfChartBtn,
+              &c.cfChartBtn, &c.euChartBtn, &c.chartIntervalSlide},
+             on);
+}
+
+void setupPage(Main& main, bool on) {
+  SetupElements& s = main.setup;
+  setVisible({&s.OVcoNumEdit, &s.OVreNumEdit,    &s.OVrsNumEdit,      &s.UVrsNumEdit,   &s.UVreNumEdit,
+              &s.UVcoNumEdit, &s.OLreNumEdit,    &s.OVcoLbl,          &s.OVreLbl,       &s.OVrslbl,
+              &s.UVrsLbl,     &s.UVreLbl,        &s.UVcoLbl,          &s.OLreLbl,       &s.updateLimsBtn,
+              &s.updateIDBtn, &s.setTimeBtn,     &s.setTimeAutoBtn,   &s.userIDtxt,     &s.timeNumEdit,
+              &s.defaultBtn,  &main.frame.EUlbl, &main.com.langCombo, &main.com.langLbl},
+             on);
+}
+
+void setupGates(Main& main, const FirmwareGates& gates) {
+  SetupElements& s = main.setup;
+  s.enableAutoTXbtn.setVisible(gates.autoTransmit);
+  s.startInternalCMbtn.setVisible(gates.internalChart);
+  s.enableGndBtn.setVisible(gates.groundDetection);
+  s.enableOLcoBtn.setVisible(gates.overloadShutdown);
+  s.enablePowerFailHoldBtn.setVisible(gates.powerFailHold);
+  for (Element* element : Elements{&s.YorCTbutton, &s.yLbl, &s.ctLbl}) element->setVisible(gates.wiring);
+  s.YorCTbutton.setEnabled(gates.wiring);
+}
+
+// The second line keeps no clock, no battery and no overload point, and its restore points are fixed.
+void setupOfSecondLine(Main& main) {
+  SetupElements& s = main.setup;
+  hide({&s.setTimeBtn, &s.setTimeAutoBtn, &s.timeNumEdit, &main.frame.EUlbl, &s.OLreNumEdit, &s.OLreLbl});
+  s.OVrsNumEdit.setEnabled(false);
+  s.UVrsNumEdit.setEnabled(false);
+}
+
+void recordFields(Main& main, bool on) {
+  MeasurementElements& m = main.measurement;
+  setVisible({&m.POrecTxt, &m.UVcorecTxt, &m.UVrerecTxt, &m.OVrerecTxt, &m.OVcorecTxt, &m.SGrecTxt,
+              &m.OLrecTxt, &m.PDlbl1, &m.PDlbl2, &m.PDlbl3, &m.PDlbl4, &m.PDlbl5, &m.PDlbl6, &m.PDlbl7},
+             on);
+}
+
+void measurementPage(Main& main, bool on) {
+  MeasurementElements& m = main.measurement;
+  setVisible(
+      {&m.VlnLbl,   &m.Ilbl,   &m.Plbl,      &m.VngLbl,    &m.fLbl,        &m.pfLbl,    &m.cfLbl,
+       &m.VlnSlide, &m.ISlide, &m.PSlide,    &m.VngSlide,  &m.fSlide,      &m.pfSlide,  &m.cfSlide,
+       &m.recSlide, &m.EUtxt,  &m.EnRateTxt, &m.EnCostLbl, &m.clrCountBtn, &m.clrEUbtn, &main.frame.EUlbl},
+      on);
+  recordFields(main, on && m.recSlide.on());
+}
+
+// The second line measures two voltages and counts four kinds of disturbance.
+void measurementOfSecondLine(Main& main, const FirmwareGates& gates) {
+  MeasurementElements& m = main.measurement;
+  hide({&m.Ilbl, &m.Plbl, &m.fLbl, &m.pfLbl, &m.cfLbl, &m.ISlide, &m.PSlide, &m.fSlide, &m.pfSlide,
+        &m.cfSlide});
+  hide({&m.OLrecTxt, &m.UVcorecTxt, &m.OVcorecTxt, &m.PDlbl2, &m.PDlbl5, &m.PDlbl7});
+  hide({&m.EUtxt, &main.frame.EUlbl, &m.EnRateTxt, &m.EnCostLbl, &m.clrEUbtn});
+  if (!gates.neutralGround) hide({&m.VngLbl, &m.VngSlide});
+}
+
+void dataPage(Main& main, bool on) {
+  DataElements& d = main.data;
+  setVisible({&d.tsDataBtn, &d.clrTsDataBtn, &d.histDataBtn, &d.clrHistDataBtn}, on);
+}
+
+void layMeasurement(Main& main, const FirmwareGates& gates) {
+  main.timers.Timer3.setEnabled(false);
+  main.frame.EUlbl.setCaption("");  // it may still tell the battery
+  main.measurement.EUtxt.setColour(kBlack);
+  measurementPage(main, true);
+  if (!gates.overloadCount) hide({&main.measurement.OLrecTxt, &main.measurement.PDlbl7});
+  if (main.link.modelLine == 1) measurementOfSecondLine(main, gates);
+}
+
+void laySetup(Main& main, const FirmwareGates& gates) {
+  setupPage(main, true);
+  setupGates(main, gates);
+  if (main.link.modelLine == 1) setupOfSecondLine(main);
+}
+
+void layData(Main& main, const FirmwareGates& gates) {
+  DataElements& d = main.data;
+  dataPage(main, true);
+  for (Button* button : {&d.tsDataBtn, &d.clrTsDataBtn, &d.histDataBtn, &d.clrHistDataBtn})
+    button->setEnabled(true);
+  d.cmDataBtn.setVisible(gates.internalChart);
+  if (main.link.modelLine == 1) hide({&d.histDataBtn, &d.clrHistDataBtn, &d.cmDataBtn});
+}
+
+void hideEveryPageBut(Main& main, const bool* flag) {
+  const struct {
+    const bool& flag;
+    void (*hide)(Main&);
+  } pages[] = {{main.pages.scopeOn, hideScopePage},     {main.pages.chartOn, hideChartPage},
+               {main.pages.setupOn, hideSetupPage},     {main.pages.measuring, hideMeasurementPage},
+               {main.pages.outletsOn, hideOutletsPage}, {main.pages.dataOn, hideDataPage},
+               {main.pages.comOn, hideComPage}};
+  for (const auto& page : pages) {
+    if (&page.flag != flag) page.hide(main);
+  }
+}
+
+const bool* flagThatIsSet(const Pages& pages) {
+  for (const bool* flag : {&pages.scopeOn, &pages.chartOn, &pages.setupOn, &pages.measuring, &pages.outletsOn,
+                           &pages.dataOn, &pages.comOn}) {
+    if (*flag) return flag;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+void pageLayout(Main& main) {
+  hideEveryPageBut(main, flagThatIsSet(main.pages));
+  main.frame.ScopeBtn.setEnabled(main.link.modelLine == 0);
+  const FirmwareGates gates = firmwareGates(main.link);
+  const Pages& pages = main.pages;
+  if (pages.scopeOn || pages.chartOn) main.timers.Timer3.setEnabled(false);
+  if (pages.scopeOn) scopePage(main, true);
+  if (pages.chartOn) chartPage(main, true);
+  if (pages.setupOn) laySetup(main, gates);
+  if (pages.measuring) layMeasurement(main, gates);
+  if (pages.outletsOn) show({&main.outlets.oOnBtn, &main.outlets.oCycBtn, &main.outlets.oFltBtn});
+  if (pages.dataOn) layData(main, gates);
+  if (pages.comOn) {
+    show({&main.com.comNumEdit, &main.com.saveComBtn, &main.com.detectComBtn, &main.com.configComBtn,
+          &main.com.langCombo, &main.com.langLbl});
+  }
+}
+
+void hideScopePage(Main& main) {
+  main.pages.scopeOn = false;
+  scopePage(main, false);
+}
+
+void hideChartPage(Main& main) {
+  main.pages.chartOn = false;
+  main.timers.chartTimer.setEnabled(false);
+  chartPage(main, false);
+}
+
+void hideSetupPage(Main& main) {
+  main.pages.setupOn = false;
+  main.timers.Timer3.setEnabled(false);
+  setupPage(main, false);
+  setupGates(main, {});
+}
+
+void hideMeasurementPage(Main& main) {
+  main.pages.measuring = false;
+  main.timers.measurementTimer.setEnabled(false);
+  main.exchange.Timer1.setEnabled(false);
+  measurementPage(main, false);
+}
+
+void hideOutletsPage(Main& main) {
+  main.pages.outletsOn = false;
+  main.timers.outletTimer.setEnabled(false);
+  hide({&main.outlets.oOnBtn, &main.outlets.oCycBtn, &main.outlets.oFltBtn});
+}
+
+void hideDataPage(Main& main) {
+  DataElements& d = main.data;
+  main.pages.dataOn = false;
+  main.pages.dataPageActive = false;
+  hide({&d.tsDataBtn, &d.clrTsDataBtn, &d.clrHistDataBtn, &d.histDataBtn, &d.cmDataBtn, &d.dataProgSlide});
+  for (Button* view :
+       {&d.PavgHistBtn, &d.VavgHistBtn, &d.maxMinHistBtn, &d.vMaxBtn, &d.vMinBtn, &d.iMaxBtn, &d.pMaxBtn}) {
+    view->setValue(false);
+    view->setVisible(false);
+  }
+}
+
+void hideComPage(Main& main) {
+  main.pages.comOn = false;
+  hide({&main.com.comNumEdit, &main.com.saveComBtn, &main.com.detectComBtn, &main.com.configComBtn});
+  if (!main.pages.setupOn) hide({&main.com.langCombo, &main.com.langLbl});
+}
+
+}  // namespace zephon

@@ -1,0 +1,38 @@
+#include "shell/wiring.h"
+
+#include "display/measurement_page.h"
+#include "display/outlets_page.h"
+#include "display/setup_page.h"
+#include "protocol/exchange.h"
+#include "shell/configuration.h"
+#include "shell/connection.h"
+#include "shell/dictionary.h"
+#include "shell/help.h"
+#include "shell/page_buttons.h"
+#include "shell/polling.h"
+
+namespace zephon {
+
+void wireMain(Main& main) {
+  const PageExits exits{[&main] { errorSub(main); }};
+  wireWatchdog(main);     // Timer1
+  wirePageButtons(main);  // measBtn, ScopeBtn, ChartBtn, outletsBtn, dataBtn, setupBtn, comBtn
+  wireMeasurementPage(main);
+  wireSetupPage(main, exits);    // also Timer2 and Timer3
+  wireOutletsPage(main, exits);  // also outletTimer
+  main.timers.measurementTimer.onTick = [&main] { pollTick(main); };
+  main.com.saveComBtn.onChange = [&main](bool pressed) {
+    if (pressed) saveComNumber(main);
+  };
+  main.com.langCombo.onClick = [&main] { chooseLanguage(main); };
+  main.frame.helpBtn.onChange = [&main](bool on) {
+    if (on) showHelp(main);
+  };
+  // Nothing answers these yet.
+  for (Button* button :
+       {&main.com.detectComBtn, &main.com.configComBtn, &main.frame.saveBtn, &main.frame.expertBtn}) {
+    button->setEnabled(false);
+  }
+}
+
+}  // namespace zephon
