@@ -10,7 +10,6 @@ namespace {
 constexpr double kLookSeconds = 10.0;
 constexpr double kOverloadSeconds = 10.0;
 constexpr double kGroundFaultVolts = 30.0;
-constexpr double kWattSecondsPerKilowattHour = 3.6e6;
 
 Site::Place placeOf(const Profile& profile, const Options& options) {
   return {options.seed, profile.siteVolts, profile.nominalHertz(), options.unixStart, options.disturbances};
@@ -51,9 +50,8 @@ Device::Device(const Profile& profile, const Options& options)
       now_(-options.pastSeconds),
       cycleEnd_(now_),
       lastEvent_(now_),
-      clockSetAt_(0),
-      clockBase_(options.unixStart),
-      lookedAt_(now_) {
+      clock_(options.unixStart),
+      energy_(now_) {
   energySince_ = clock();
   look();
   advanceTo(0);
@@ -80,13 +78,10 @@ void Device::step(double seconds) {
 }
 
 void Device::look() {
-  energy_ = kilowattHours();
-  lookedAt_ = now_;
   const SiteValues line = lineValues();
   watchVoltage(line);
-  const SiteValues seen = values();
-  watchLoad(seen);
-  watts_ = values().watts;
+  watchLoad(throughOutlets(line));
+  energy_.setPower(now_, throughOutlets(line).watts);
 }
 
 void Device::watchVoltage(const SiteValues& seen) {
@@ -163,7 +158,6 @@ Limits Device::limits() const {
                                          : limitsOf(image.limits(), profile_.rating);
 }
 
-// The line with what is held, before the outlets.
 SiteValues Device::lineValues() const {
   SiteValues seen = site_.at(now_);
   seen.volts = held_.volts.value_or(seen.volts);
@@ -175,21 +169,20 @@ SiteValues Device::lineValues() const {
   return seen;
 }
 
+SiteValues Device::throughOutlets(SiteValues line) const {
+  const bool powered = letter(line) == '1';
+  line.amps = held_.amps.value_or(powered ? line.amps : 0.0);
+  line.watts = held_.watts.value_or(line.volts * line.amps * line.powerFactor);
+  return line;
+}
+
 SiteValues Device::values() const {
-  SiteValues seen = lineValues();
-  const bool powered = outletLetter() == '1';
-  seen.amps = held_.amps.value_or(powered ? seen.amps : 0.0);
-  seen.watts = held_.watts.value_or(seen.volts * seen.amps * seen.powerFactor);
-  return seen;
+  return throughOutlets(lineValues());
 }
 
 void Device::hold(const Held& held) {
   held_ = held;
   look();
-}
-
-bool Device::groundFault(const SiteValues& seen) const {
-  return switches.groundDetection && seen.neutralGroundVolts > kGroundFaultVolts;
 }
 
 void Device::switchOutlets(bool on) {
@@ -202,31 +195,21 @@ void Device::cycleOutlets() {
   cycleEnd_ = now_ + options_.cycleSeconds;
 }
 
-char Device::outletLetter() const {
+char Device::letter(const SiteValues& line) const {
   if (forcedFault_ != 0) return forcedFault_;
-  if (groundFault(lineValues())) return 'G';
+  if (switches.groundDetection && line.neutralGroundVolts > kGroundFaultVolts) return 'G';
   if (zone_ == Zone::Outage) return '0';
   if (shutdown_) return 'V';
   if (cycling()) return 'C';
   return wantOn_ ? '1' : '0';
 }
 
-std::int64_t Device::clock() const {
-  return clockBase_ + wholeSeconds(now_ - clockSetAt_);
-}
-
-void Device::setClock(std::int64_t unixSeconds) {
-  clockBase_ = unixSeconds;
-  clockSetAt_ = now_;
-}
-
-double Device::kilowattHours() const {
-  return energy_ + watts_ * (now_ - lookedAt_) / kWattSecondsPerKilowattHour;
+char Device::outletLetter() const {
+  return letter(lineValues());
 }
 
 void Device::setEnergy(double kilowattHours) {
-  look();
-  energy_ = kilowattHours;
+  energy_.setTotal(now_, kilowattHours);
   energySince_ = clock();
 }
 

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "simulator/device_clock.h"
+#include "simulator/energy_meter.h"
 #include "simulator/limits.h"
 #include "simulator/memory_image.h"
 #include "simulator/options.h"
@@ -69,10 +71,10 @@ class Device {
   void forceFault(char letter) { forcedFault_ = letter; }  // 0 ends it
   char outletLetter() const;
 
-  std::int64_t clock() const;  // universal time as the device believes it
-  void setClock(std::int64_t unixSeconds);
+  std::int64_t clock() const { return clock_.at(now_); }  // universal time as the device believes it
+  void setClock(std::int64_t unixSeconds) { clock_.set(now_, unixSeconds); }
 
-  double kilowattHours() const;
+  double kilowattHours() const { return energy_.total(now_); }
   std::int64_t energySince() const { return energySince_; }
   void setEnergy(double kilowattHours);  // counting from now
 
@@ -87,9 +89,10 @@ class Device {
   void watchSurges(double from);
   void recordZone(Zone before, Zone next);
   void record(Event event);
-  bool groundFault(const SiteValues& seen) const;
   bool cycling() const { return now_ < cycleEnd_; }
-  SiteValues lineValues() const;
+  char letter(const SiteValues& line) const;
+  SiteValues lineValues() const;  // with what is held, before the outlets
+  SiteValues throughOutlets(SiteValues line) const;
 
   Profile profile_;
   Options options_;
@@ -108,12 +111,8 @@ class Device {
   std::array<std::uint32_t, kEvents> counts_{};
   double lastEvent_;
 
-  double clockSetAt_;
-  std::int64_t clockBase_;
-
-  double energy_ = 0;  // kWh up to the last look
-  double watts_ = 0;   // since then
-  double lookedAt_;
+  DeviceClock clock_;
+  EnergyMeter energy_;
   std::int64_t energySince_ = 0;
   double dither_ = 0;
 };
