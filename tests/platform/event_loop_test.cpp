@@ -1,0 +1,126 @@
+#include "platform/event_loop.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <limits>
+#include <string>
+
+#include "platform/poll_loop.h"
+#include "platform/timer.h"
+#include "platform/virtual_loop.h"
+
+namespace zephon {
+namespace {
+
+TEST(EventLoop, ServesInOrderOfTimeThenOfAddingAndLeavesNewCallsToTheNextPass) {
+  VirtualLoop loop;
+  std::string log;
+  loop.callAt(fromMillis(2), [&] { log += 'c'; });
+  loop.callAt(fromMillis(1), [&] {
+    log += 'a';
+    loop.callAt(Instant{0}, [&] { log += 'd'; });
+  });
+  loop.callAt(fromMillis(1), [&] { log += 'b'; });
+  EXPECT_EQ(loop.sleepUntil(kNever), Woke::Served);
+  EXPECT_EQ(log, "ab");
+  loop.runOnce();
+  EXPECT_EQ(log, "abd");
+  EXPECT_EQ(loop.sleepUntil(fromMillis(2)), Woke::Served);
+  EXPECT_EQ(log, "abdc");
+  EXPECT_EQ(loop.sleepUntil(kNever), Woke::Deadline);  // nothing can ever happen
+  EXPECT_EQ(loop.now(), fromMillis(2));
+}
+
+TEST(EventLoop, NestedPassServesTheRestOnceAndACancelledCallNever) {
+  VirtualLoop loop;
+  std::string log;
+  EventLoop::CallId doomed = 0;
+  EventLoop::CallId self = 0;
+  self = loop.callAt(Instant{0}, [&] {
+    log += '(';
+    loop.cancel(doomed);
+    loop.cancel(self);  // it runs already
+    loop.callAt(Instant{0}, [&] { log += 'n'; });
+    loop.runOnce();
+    log += ')';
+  });
+  loop.callAt(Instant{0}, [&] { log += 'b'; });
+  doomed = loop.callAt(Instant{0}, [&] { log += 'x'; });
+  loop.runOnce();
+  loop.runOnce();
+  EXPECT_EQ(log, "(bn)");
+}
+
+TEST(EventLoop, SpansAreClampedToWhatCanBeAdded) {
+  EXPECT_EQ(fromMillis(1.5), Instant{1'500'000});
+  EXPECT_EQ(fromMillis(std::numeric_limits<double>::quiet_NaN()), Instant{0});
+  EXPECT_GT(fromMillis(1e300) + fromMillis(1e300), fromMillis(1e12));
+  EXPECT_LT(fromMillis(-1e300), Instant{0});
+}
+
+TEST(Timer, TicksUntilDisabledAndNestsInItsOwnTick) {
+  VirtualLoop loop;
+  Timer timer(loop);
+  std::string log;
+  timer.onTick = [&] {
+    log += '(';
+    if (log.size() < 2) loop.advance(fromMillis(15));  // a tick that outlasts its period ticks inside itself
+    log += ')';
+    if (log.size() > 8) timer.setEnabled(false);
+  };
+  timer.setInterval(10);
+  timer.setEnabled(true);
+  loop.advance(fromMillis(5));
+  timer.setEnabled(true);  // changes nothing
+  loop.advance(fromMillis(5));
+  EXPECT_EQ(log, "(())");
+  loop.advance(fromMillis(1000));
+  EXPECT_EQ(log, "(())()()()");
+  EXPECT_FALSE(timer.enabled());
+}
+
+TEST(Timer, NewIntervalStartsThePeriodAnewAndNoneIsAMillisecond) {
+  VirtualLoop loop;
+  int ticks = 0;
+  {
+    Timer timer(loop);
+    timer.onTick = [&] { ++ticks; };
+    timer.setInterval(10);
+    timer.setEnabled(true);
+    loop.advance(fromMillis(9));
+    timer.setInterval(20);
+    loop.advance(fromMillis(19));
+    EXPECT_EQ(ticks, 0);
+    loop.advance(fromMillis(1));
+    EXPECT_EQ(ticks, 1);
+    timer.setInterval(0);
+    loop.advance(fromMillis(10));
+    EXPECT_EQ(ticks, 11);
+  }
+  loop.advance(fromMillis(10));  // its timer is gone
+  EXPECT_EQ(ticks, 11);
+}
+
+TEST(PollLoop, WakesForBytesTimersAndTheDeadline) {
+  PollLoop loop;
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  const Instant start = loop.now();
+  EXPECT_EQ(loop.sleepUntil(start + fromMillis(20), ends[0]), Woke::Deadline);
+  EXPECT_GE(loop.now(), start + fromMillis(20));
+  bool served = false;
+  loop.callAt(loop.now() + fromMillis(5), [&] { served = true; });
+  EXPECT_EQ(loop.sleepUntil(kNever, ends[0]), Woke::Served);
+  EXPECT_TRUE(served);
+  ASSERT_EQ(::write(ends[1], "x", 1), 1);
+  EXPECT_EQ(loop.sleepUntil(kNever, ends[0]), Woke::Readable);
+  loop.callAt(Instant{0}, [&] { served = false; });
+  loop.runOnce();
+  EXPECT_FALSE(served);
+  ::close(ends[0]);
+  ::close(ends[1]);
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,109 @@
+#include "platform/paths.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <optional>
+
+#include "platform/line_settings.h"
+#include "platform/port_folders.h"
+#include "support/temp_folder.h"
+
+namespace zephon {
+namespace {
+
+namespace fs = std::filesystem;
+
+// An environment variable set, or unset, for the length of a test.
+class Environment {
+ public:
+  Environment(const char* name, const std::optional<std::string>& value) : name_(name) {
+    if (const char* old = ::getenv(name)) before_ = old;
+    put(value);
+  }
+  Environment(const Environment&) = delete;
+  Environment& operator=(const Environment&) = delete;
+  ~Environment() { put(before_); }
+  void put(const std::optional<std::string>& value) {
+    value ? ::setenv(name_, value->c_str(), 1) : ::unsetenv(name_);
+  }
+
+ private:
+  const char* name_;
+  std::optional<std::string> before_;
+};
+
+TEST(Paths, UserFoldersFollowTheEnvironment) {
+  Environment home("HOME", "/home/tech/");
+  Environment config("XDG_CONFIG_HOME", std::nullopt);
+  Environment state("XDG_STATE_HOME", "relative");
+  Environment data("XDG_DATA_HOME", "/data//");
+  EXPECT_EQ(configFolder(), "/home/tech/.config/zephon");
+  EXPECT_EQ(stateFolder(), "/home/tech/.local/state/zephon");
+  EXPECT_EQ(dataFolder(), "/data/zephon");
+  config.put("/etc/tech");
+  EXPECT_EQ(configFolder(), "/etc/tech/zephon");
+  EXPECT_TRUE(fileExists(programFolder() + "/platform_tests"));
+}
+
+TEST(Paths, DesktopIsTheNamedOneThatStands) {
+  TempFolder folder;
+  Environment home("HOME", folder / "");
+  Environment config("XDG_CONFIG_HOME", std::nullopt);
+  EXPECT_EQ(desktopFolder(), "");
+  fs::create_directory(folder / "Desktop");
+  EXPECT_EQ(desktopFolder(), folder / "Desktop");
+  folder.put(".config/user-dirs.dirs", "# XDG_DESKTOP_DIR=\"/\"\nXDG_DESKTOP_DIR=\"$HOME/Mein \\$Tisch\"\n");
+  EXPECT_EQ(desktopFolder(), folder / "Desktop");
+  fs::create_directory(folder / "Mein $Tisch");
+  EXPECT_EQ(desktopFolder(), folder / "Mein $Tisch");
+}
+
+TEST(Paths, FileExistsIsTrueForWhatIsNoFolder) {
+  TempFolder folder;
+  folder.put("file", "");
+  fs::create_symlink("file", folder / "link");
+  fs::create_symlink("none", folder / "dangling");
+  EXPECT_TRUE(fileExists(folder / "file"));
+  EXPECT_TRUE(fileExists(folder / "link"));
+  EXPECT_TRUE(fileExists("/dev/null"));
+  EXPECT_FALSE(fileExists(folder / ""));
+  EXPECT_FALSE(fileExists(folder / "dangling"));
+  EXPECT_FALSE(fileExists(""));
+  EXPECT_TRUE(canWrite(folder / ""));
+  EXPECT_FALSE(canWrite(folder / "file"));
+  EXPECT_FALSE(canWrite(folder / "none"));
+}
+
+TEST(PortFolders, ANamedFolderGoesAheadOfTheUsbPorts) {
+  TempFolder folder;
+  folder.put("COM12", "");
+  fs::create_symlink("none", folder / "COM2");
+  Environment ports("ZEPHON_PORTS", folder / "");
+  EXPECT_EQ(devicePath(systemPortFolders(), "COM12"), folder / "COM12");
+  EXPECT_EQ(devicePath(systemPortFolders(), "COM2"), folder / "COM2");
+  EXPECT_EQ(devicePath(systemPortFolders(), "COM3"), "/dev/ttyUSB2");
+  ports.put(std::nullopt);
+  EXPECT_EQ(devicePath(systemPortFolders(), "COM12"), "/dev/ttyUSB11");
+  for (const char* bad : {"", "COM", "COM0", "COM-1", "COM1x", "com1", "COM1/../x", "LPT1"}) {
+    EXPECT_EQ(devicePath(systemPortFolders(), bad), "") << bad;
+  }
+}
+
+TEST(LineSettings, ModeStringsAreTakenStrictly) {
+  LineState state{300, 'E', 7, 2};
+  ASSERT_TRUE(applySettings(" baud=115200  parity=N data=8 stop=1 ", state));
+  EXPECT_EQ(state, (LineState{115200, 'N', 8, 1}));
+  ASSERT_TRUE(applySettings("parity=O", state));
+  EXPECT_EQ(state, (LineState{115200, 'O', 8, 1}));
+  for (const char* bad : {"", "  ", "baud", "baud=", "baud=0", "baud=-9600", "baud=+9600", "baud=96OO",
+                          "baud=99999999999", "=9600", "speed=9600", "baud=9600,n,8,1", "parity=X",
+                          "parity=", "data=9", "stop=3", "baud=9600 baud=9600"}) {
+    EXPECT_FALSE(applySettings(bad, state)) << bad;
+    EXPECT_EQ(state, (LineState{115200, 'O', 8, 1})) << bad;
+  }
+}
+
+}  // namespace
+}  // namespace zephon

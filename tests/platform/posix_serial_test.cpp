@@ -1,0 +1,187 @@
+#include "platform/posix_serial.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <filesystem>
+#include <utility>
+
+#include "support/temp_folder.h"
+
+namespace zephon {
+namespace {
+
+constexpr LineState kFast{115200, 'N', 8, 1};
+
+// A pseudo-terminal that stands as COM3 in a folder of ports. The test is its far end.
+class PosixSerialTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    int near = -1;
+    ASSERT_EQ(::openpty(&far_, &near, nullptr, nullptr, nullptr), 0);
+    std::filesystem::create_symlink(::ttyname(near), folder_ / "COM3");
+    ::close(near);
+    ::fcntl(far_, F_SETFL, O_NONBLOCK);
+  }
+  void TearDown() override { hangUp(); }
+
+  void hangUp() {
+    if (far_ >= 0) ::close(std::exchange(far_, -1));
+  }
+  SerialHandle openRaw() {
+    const SerialHandle handle = serial_.open("COM3");
+    EXPECT_TRUE(serial_.setState(handle, kFast)) << serial_.errorText(serial_.lastError());
+    return handle;
+  }
+  // Everything that the far end hears until nothing more comes.
+  std::string heard() {
+    std::string all;
+    char buffer[4096];
+    for (ssize_t count = 0; (count = ::read(far_, buffer, sizeof buffer)) > 0;) all.append(buffer, count);
+    return all;
+  }
+
+  TempFolder folder_;
+  int far_ = -1;
+  PosixSerial serial_{PortFolders{folder_ / "", folder_ / ""}};
+};
+
+std::string allBytes() {
+  std::string all;
+  for (int i = 0; i < 256; ++i) all += static_cast<char>(i);
+  return all;
+}
+
+TEST_F(PosixSerialTest, EveryByteSurvivesBothWaysUnechoed) {
+  const SerialHandle handle = openRaw();
+  std::uint32_t count = 0;
+  ASSERT_TRUE(serial_.write(handle, allBytes(), count));
+  EXPECT_EQ(count, 256u);
+  EXPECT_EQ(heard(), allBytes());
+  ASSERT_EQ(::write(far_, allBytes().data(), 256), 256);
+  EXPECT_EQ(heard(), "");
+  std::uint32_t flags = 1;
+  std::uint32_t queued = 0;
+  ASSERT_TRUE(serial_.clearError(handle, flags, queued));
+  EXPECT_EQ(queued, 256u);
+  EXPECT_EQ(flags, 0u);
+  char buffer[300];
+  ASSERT_TRUE(serial_.read(handle, buffer, count));
+  EXPECT_EQ(std::string(buffer, count), allBytes());
+  ASSERT_TRUE(serial_.read(handle, buffer, count));  // nothing waits: at once
+  EXPECT_EQ(count, 0u);
+}
+
+TEST_F(PosixSerialTest, SettingsReachTheTerminal) {
+  const SerialHandle handle = openRaw();
+  termios seen{};
+  ASSERT_EQ(::tcgetattr(far_, &seen), 0);
+  EXPECT_EQ(::cfgetospeed(&seen), static_cast<speed_t>(B115200));
+  EXPECT_EQ(seen.c_cflag & (CSIZE | PARENB | CSTOPB | CRTSCTS), static_cast<tcflag_t>(CS8));
+  LineState state;
+  ASSERT_TRUE(serial_.getState(handle, state));
+  EXPECT_EQ(state, kFast);
+  EXPECT_FALSE(serial_.setState(handle, {12345, 'N', 8, 1}));  // no such speed
+  EXPECT_EQ(serial_.lastError(), EINVAL);
+  EXPECT_FALSE(serial_.setState(handle, {9600, 'E', 8, 1}));  // a pseudo-terminal has no parity
+  EXPECT_EQ(serial_.lastError(), EINVAL);
+}
+
+TEST_F(PosixSerialTest, OneOwnerUntilItCloses) {
+  const SerialHandle handle = openRaw();
+  PosixSerial other(PortFolders{folder_ / "", folder_ / ""});
+  for (PosixSerial* second : {&serial_, &other}) {
+    EXPECT_EQ(second->open("COM3"), kInvalidHandle);
+    EXPECT_EQ(second->lastError(), EBUSY);
+  }
+  EXPECT_EQ(other.errorText(EBUSY), "Device or resource busy");
+  EXPECT_TRUE(serial_.close(handle));
+  const SerialHandle next = other.open("COM3");
+  EXPECT_NE(next, kInvalidHandle);
+}
+
+TEST_F(PosixSerialTest, StaleAndZeroHandlesReachNothing) {
+  const SerialHandle handle = openRaw();
+  ASSERT_TRUE(serial_.close(handle));
+  ASSERT_NE(serial_.open("COM3"), handle);
+  std::uint32_t count = 0;
+  LineState state;
+  for (const SerialHandle stale : {handle, 0, kInvalidHandle}) {
+    const bool results[] = {
+        serial_.purge(stale),           serial_.setup(stale, 1, 1),
+        serial_.setTimeouts(stale, {}), serial_.getState(stale, state),
+        serial_.setState(stale, kFast), serial_.clearError(stale, count, count),
+        serial_.read(stale, {}, count), serial_.write(stale, "x", count),
+        serial_.close(stale),           serial_.escapeFunction(stale, LineFunction::SetDtr)};
+    for (const bool result : results) EXPECT_FALSE(result);
+    EXPECT_EQ(serial_.lastError(), EBADF);
+  }
+  EXPECT_EQ(heard(), "");
+}
+
+TEST_F(PosixSerialTest, HangUpIsAnErrorOfEveryCall) {
+  const SerialHandle handle = openRaw();
+  hangUp();
+  std::uint32_t flags = 0;
+  std::uint32_t count = 0;
+  char buffer[8];
+  EXPECT_FALSE(serial_.clearError(handle, flags, count));
+  EXPECT_EQ(serial_.lastError(), EIO);
+  EXPECT_FALSE(serial_.read(handle, buffer, count));
+  EXPECT_EQ(serial_.lastError(), EIO);
+  EXPECT_FALSE(serial_.write(handle, "gN", count));
+  EXPECT_EQ(serial_.lastError(), EIO);
+  EXPECT_EQ(count, 0u);
+  EXPECT_FALSE(serial_.escapeFunction(handle, LineFunction::SetRts));
+  EXPECT_TRUE(serial_.close(handle));
+}
+
+TEST_F(PosixSerialTest, WriteIntoAFullQueueEndsInTimeWithATrueCount) {
+  const SerialHandle handle = openRaw();
+  ASSERT_TRUE(serial_.setTimeouts(handle, {0xFFFFFFFF, 0, 1000, 1000, 0}));
+  const std::string much(1 << 20, 'x');
+  std::uint32_t count = 0;
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_TRUE(serial_.write(handle, much, count));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(900));
+  EXPECT_LT(count, much.size());
+  EXPECT_EQ(heard().size(), count);
+}
+
+TEST_F(PosixSerialTest, PurgeEmptiesBothDirections) {
+  const SerialHandle handle = openRaw();
+  std::uint32_t flags = 0;
+  std::uint32_t queued = 1;
+  ASSERT_EQ(::write(far_, "stale", 5), 5);
+  ASSERT_TRUE(serial_.purge(handle));
+  ASSERT_TRUE(serial_.clearError(handle, flags, queued));
+  EXPECT_EQ(queued, 0u);
+}
+
+TEST_F(PosixSerialTest, ADeviceWithoutModemLinesHasNothingToSet) {
+  const SerialHandle handle = openRaw();
+  for (const auto function : {LineFunction::SetRts, LineFunction::ClearDtr, LineFunction::SetBreak}) {
+    EXPECT_TRUE(serial_.escapeFunction(handle, function)) << static_cast<int>(function);
+  }
+  EXPECT_FALSE(serial_.escapeFunction(handle, LineFunction::None));
+  EXPECT_EQ(serial_.lastError(), EINVAL);
+}
+
+TEST_F(PosixSerialTest, RefusesWhatIsNoPort) {
+  folder_.put("COM4", "");
+  std::filesystem::create_symlink(folder_ / "nothing", folder_ / "COM5");
+  const std::pair<const char*, int> names[] = {
+      {"COM4", ENOTTY}, {"COM5", ENOENT}, {"COM6", ENOENT}, {"", ENOENT}};
+  for (const auto& [name, error] : names) {
+    EXPECT_EQ(serial_.open(name), kInvalidHandle);
+    EXPECT_EQ(serial_.lastError(), error) << name;
+  }
+}
+
+}  // namespace
+}  // namespace zephon

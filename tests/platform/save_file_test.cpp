@@ -1,0 +1,133 @@
+#include "platform/save_file.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+
+#include "support/temp_folder.h"
+
+namespace zephon {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The system's calls, of which the Nth of one kind fails. A close that fails has closed.
+struct FailingCalls {
+  FileCalls on(SaveStep step, int nth, int error) {
+    FileCalls calls = systemFileCalls();
+    const auto fails = [this, nth, error] {
+      if (++count_ != nth) return false;
+      errno = error;
+      return true;
+    };
+    if (step == SaveStep::Create) calls.open = [=](auto... all) { return fails() ? -1 : ::open(all...); };
+    if (step == SaveStep::Mode) calls.fchmod = [=](auto... all) { return fails() ? -1 : ::fchmod(all...); };
+    if (step == SaveStep::Write) {
+      // Three bytes at a time, as a device may.
+      calls.write = [=](int file, const void* bytes, std::size_t size) {
+        return fails() ? -1 : ::write(file, bytes, std::min<std::size_t>(size, 3));
+      };
+    }
+    if (step == SaveStep::Sync) calls.fsync = [=](int file) { return fails() ? -1 : ::fsync(file); };
+    if (step == SaveStep::Close)
+      calls.close = [=](int file) { return ::close(file) != 0 || fails() ? -1 : 0; };
+    if (step == SaveStep::Rename)
+      calls.rename = [=](auto... all) { return fails() ? -1 : std::rename(all...); };
+    return calls;
+  }
+
+ private:
+  int count_ = 0;
+};
+
+int entriesIn(const std::string& folder) {
+  return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
+}
+
+TEST(SaveFile, AnyFailureBeforeTheEndKeepsTheOldFileAlone) {
+  const struct {
+    SaveStep step;
+    int nth;
+    int error;
+  } cases[] = {{SaveStep::Create, 1, EACCES}, {SaveStep::Mode, 1, EPERM}, {SaveStep::Write, 1, ENOSPC},
+               {SaveStep::Write, 3, ENOSPC},  {SaveStep::Sync, 1, EIO},   {SaveStep::Close, 1, EDQUOT},
+               {SaveStep::Rename, 1, EROFS}};
+  for (const auto& one : cases) {
+    TempFolder folder;
+    folder.put("data.csv", "old");
+    const SaveResult result =
+        saveFile(folder / "data.csv", "new bytes", FailingCalls().on(one.step, one.nth, one.error));
+    EXPECT_FALSE(result);
+    EXPECT_EQ(result.step, one.step);
+    EXPECT_EQ(result.error, one.error);
+    EXPECT_EQ(folder.get("data.csv"), "old") << saveErrorText(result);
+    EXPECT_EQ(entriesIn(folder / ""), 1) << saveErrorText(result);
+  }
+  EXPECT_EQ(saveErrorText({SaveStep::Write, ENOSPC}), "writing: No space left on device");
+  EXPECT_EQ(saveErrorText({}), "");
+}
+
+TEST(SaveFile, InterruptedAndShortWritesGoOnAndTheFolderIsSynced) {
+  TempFolder folder;
+  EXPECT_TRUE(saveFile(folder / "a", "ten bytes.", FailingCalls().on(SaveStep::Write, 2, EINTR)));
+  EXPECT_EQ(folder.get("a"), "ten bytes.");
+  EXPECT_TRUE(saveFile(folder / "a", "", FailingCalls().on(SaveStep::Sync, 2, EINVAL)));  // cannot be synced
+  EXPECT_EQ(folder.get("a"), "");
+  const SaveResult last = saveFile(folder / "a", "b", FailingCalls().on(SaveStep::Sync, 2, EIO));
+  EXPECT_EQ(last.step, SaveStep::SyncFolder);
+  EXPECT_EQ(folder.get("a"), "b");
+}
+
+TEST(SaveFile, KeepsModeAndLinkAndTakesTheLongestName) {
+  TempFolder folder;
+  ::chmod(folder.put("sub/data", "old").c_str(), 0640);
+  fs::create_symlink("sub/data", folder / "link");
+  fs::create_symlink("sub/fresh", folder / "dangling");
+  fs::create_symlink("circle", folder / "circle");
+  EXPECT_TRUE(saveFile(folder / "link", std::string("n\0w", 3)));
+  EXPECT_TRUE(fs::is_symlink(folder / "link"));
+  EXPECT_EQ(folder.get("sub/data"), std::string("n\0w", 3));
+  struct stat status {};
+  ASSERT_EQ(::stat((folder / "sub/data").c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777, 0640u);
+  EXPECT_TRUE(saveFile(folder / "dangling", "x"));
+  EXPECT_EQ(folder.get("sub/fresh"), "x");
+  EXPECT_EQ(saveFile(folder / "circle", "x").error, ELOOP);
+  EXPECT_TRUE(saveFile(folder / std::string(255, 'n'), "long"));
+  EXPECT_EQ(folder.get(std::string(255, 'n')), "long");
+  EXPECT_EQ(saveFile(folder / std::string(256, 'n'), "long").error, ENAMETOOLONG);
+}
+
+TEST(SaveFile, FoldersDevicesAndMissingFoldersTellWhy) {
+  TempFolder folder;
+  EXPECT_EQ(saveFile(folder / "", "x").error, EISDIR);
+  EXPECT_EQ(saveFile(folder / "none/x", "x").error, ENOENT);
+  EXPECT_EQ(saveFile("", "x").error, ENOENT);
+  const SaveResult full = saveFile("/dev/full", "x");
+  EXPECT_EQ(full.step, SaveStep::Write);
+  EXPECT_EQ(full.error, ENOSPC);
+  EXPECT_TRUE(saveFile("/dev/null", "x"));
+}
+
+TEST(SaveFile, ALimitOfTheFileSizeIsAnError) {
+  TempFolder folder;
+  folder.put("data", "old");
+  rlimit before{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  const rlimit small{1000, before.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+  const SaveResult result = saveFile(folder / "data", std::string(5000, 'x'));
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
+  EXPECT_EQ(result.step, SaveStep::Write);
+  EXPECT_EQ(result.error, EFBIG);
+  EXPECT_EQ(folder.get("data"), "old");
+}
+
+}  // namespace
+}  // namespace zephon
