@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 #include <random>
 
 #include "text/date_picture.h"
@@ -80,11 +79,8 @@ TEST(DaySerial, knowsThreeLeapYears) {
   for (const auto& row : rows)
     EXPECT_EQ(dateSerial(row.date), row.serial) << row.date.year << ' ' << row.date.month;
   for (double day = 40969; day < 45351; ++day) ASSERT_EQ(dateSerial(recordOf(calendarFromValue(day))), day);
-  sysTimeRecord odd = at(2013, 1, 1);
-  odd.month = 13;
-  EXPECT_EQ(dateSerial(odd), 113 * 365 + 27 + 2 + 1);
-  odd.milliseconds = 400;
-  EXPECT_NEAR(dateSerial(odd) - (113 * 365 + 30), 0.4 / 86400, 1e-11);
+  EXPECT_NEAR(dateSerial({.year = 2013, .month = 13, .day = 1, .milliseconds = 400}),
+              113 * 365 + 30 + 0.4 / 86400, 1e-11);
 }
 
 TEST(DaySerial, readsBackTheLaterOfTwoDates) {
@@ -108,8 +104,8 @@ TEST(DaySerial, readsBackTheLaterOfTwoDates) {
 TEST(DaySerial, rounds) {
   EXPECT_EQ(dateSerialText(45351.999999, "mm/dd/yy hh:nn:ss"), "03/02/24 00:00:00");
   EXPECT_EQ(dateSerialText(45656, "mm/dd/yyyy"), "01/03/2025");
-  for (const double odd : {std::nan(""), 1e300, -1e300})
-    EXPECT_EQ(dateSerialText(odd, "mm/dd/yyyy").empty(), false);
+  EXPECT_EQ(dateSerialText(std::nan(""), "mm/dd/yyyy"), "12/03/1899");
+  for (const double far : {1e300, -1e300}) EXPECT_NEAR(dateOfSerial(far).year, std::copysign(10000, far), 10);
 }
 
 TEST(DaySerial, correctsRowsCutShort) {

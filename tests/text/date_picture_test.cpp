@@ -2,37 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
+#include <chrono>
 #include <limits>
 
 namespace zephon {
 namespace {
 
-bool isLeap(int year) {
-  return year % 4 == 0 && (year % 100 != 0 || year % 400 == 0);
-}
-
-int monthLength(int year, int month) {
-  constexpr std::array<int, 12> kLengths = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-  return kLengths[static_cast<std::size_t>(month - 1)] + (month == 2 && isLeap(year) ? 1 : 0);
-}
-
-TEST(Calendar, countsEveryDayOfMoreThanFourHundredYears) {
-  ASSERT_EQ(calendarDay(1899, 12, 30), 0);
-  ASSERT_EQ(calendarDay(1970, 1, 1), 25569);
-  std::int64_t day = calendarDay(-5, 1, 1);
-  for (const auto& [first, last] : {std::pair{-5, 410}, std::pair{1890, 2110}}) {
-    day = calendarDay(first, 1, 1);
-    for (int year = first; year <= last; ++year) {
-      for (int month = 1; month <= 12; ++month) {
-        for (int date = 1; date <= monthLength(year, month); ++date, ++day) {
-          const CalendarTime expected{year, month, date, 23, 59, 59};
-          ASSERT_EQ(calendarSeconds(expected), (day + 1) * kSecondsPerDay - 1);
-          ASSERT_EQ(calendarFromSeconds(calendarSeconds(expected)), expected)
-              << year << ' ' << month << ' ' << date;
-        }
-      }
-    }
+TEST(Calendar, agreesWithTheLibraryOnEveryDay) {
+  for (std::int64_t day = calendarDay(-5, 1, 1); day < calendarDay(2110, 1, 1); ++day) {
+    const std::chrono::year_month_day date{std::chrono::sys_days{std::chrono::days{day - 25569}}};
+    const CalendarTime expected{
+        int(date.year()), int(unsigned(date.month())), int(unsigned(date.day())), 23, 59, 59};
+    ASSERT_EQ(calendarSeconds(expected), (day + 1) * kSecondsPerDay - 1);
+    ASSERT_EQ(calendarFromSeconds(calendarSeconds(expected)), expected) << day;
   }
 }
 
@@ -61,7 +43,6 @@ TEST(Calendar, readsDateValuesToTheNearestSecond) {
   EXPECT_EQ(weekdayOfValue(43465), 1);         // Monday
   EXPECT_EQ(weekdayOfValue(43463.99), 6);      // Saturday
   EXPECT_EQ(weekdayOfValue(43463.999999), 0);  // Sunday, as its text says
-  EXPECT_EQ(weekday(-1), 5);
 }
 
 TEST(DatePicture, tellsMonthsFromMinutes) {
