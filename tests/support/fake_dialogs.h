@@ -1,0 +1,71 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "screen/dialogs.h"
+
+namespace zephon::testing_support {
+
+// Dialogs that are answered beforehand and remember what was shown.
+class FakeDialogs : public Dialogs {
+ public:
+  struct Shown {
+    std::string kind;    // "message", "yesNo", "okCancel", "prompt", "openFile", "saveFile"
+    std::string text;    // the message or question; of the file dialogs the suggested name
+    std::string detail;  // advice, title, or the folder where a file dialog starts
+  };
+
+  // The answers; each stays until it is changed.
+  bool yes = true;
+  std::optional<std::string> promptAnswer;
+  std::optional<std::string> openAnswer;
+  std::optional<std::string> saveAnswer;
+  // Runs while a dialog stands on the screen: what happens behind it.
+  std::function<void()> meanwhile;
+
+  const std::vector<Shown>& shown() const { return shown_; }
+  // The texts alone, in order.
+  std::vector<std::string> texts() const {
+    std::vector<std::string> all;
+    for (const Shown& one : shown_) all.push_back(one.text);
+    return all;
+  }
+  void forget() { shown_.clear(); }
+
+  void message(const std::string& text, const std::string& advice) override {
+    show({"message", text, advice});
+  }
+  bool yesNo(const std::string& question) override {
+    show({"yesNo", question, {}});
+    return yes;
+  }
+  bool okCancel(const std::string& question, const std::string& title) override {
+    show({"okCancel", question, title});
+    return yes;
+  }
+  std::optional<std::string> prompt(const std::string& title, const std::string& text,
+                                    const std::string& /*answer*/) override {
+    show({"prompt", text, title});
+    return promptAnswer;
+  }
+  std::optional<std::string> openFile(const FileQuestion& question) override {
+    show({"openFile", question.name, question.folder});
+    return openAnswer;
+  }
+  std::optional<std::string> saveFile(const FileQuestion& question) override {
+    show({"saveFile", question.name, question.folder});
+    return saveAnswer;
+  }
+
+ private:
+  void show(Shown what) {
+    shown_.push_back(std::move(what));
+    if (meanwhile) meanwhile();
+  }
+
+  std::vector<Shown> shown_;
+};
+
+}  // namespace zephon::testing_support
