@@ -43,7 +43,7 @@ Device::Device(const Profile& profile, const Options& options)
     : registers(factoryRegisters(profile.rating)),
       image(factoryBytes(profile.rating)),
       userId(fitted(profile.userId, 10)),
-      centreTapped(profile.rating == 240 && profile.siteVolts >= 220),
+      centreTapped(profile.knowsWiring() && profile.siteVolts >= 220),
       profile_(profile),
       options_(options),
       site_(placeOf(profile, options)),
@@ -90,8 +90,11 @@ void Device::watchVoltage(const SiteValues& seen) {
   const Zone before = std::exchange(zone_, next);
   if (worsens(before, next)) recordZone(before, next);
   if (next == Zone::Outage && switches.powerFailHold) wantOn_ = false;
-  if (next == Zone::Outage || next == Zone::UnderShutdown || next == Zone::OverShutdown) shutdown_ = true;
-  if (shutdown_ && seen.volts >= points.uvrs && seen.volts <= points.ovrs) shutdown_ = false;
+  if (next == Zone::Outage || next == Zone::UnderShutdown || next == Zone::OverShutdown) {
+    shutdown_ = true;
+  } else if (seen.volts >= points.uvrs && seen.volts <= points.ovrs) {
+    shutdown_ = false;
+  }
 }
 
 // The second line has one class for both ways below and one for both above.

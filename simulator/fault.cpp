@@ -76,17 +76,19 @@ std::string doubled(const std::string& bytes) {
 }  // namespace
 
 std::optional<Fault> parseFault(std::string_view text) {
+  const bool hasSettings = text.find(':') != std::string_view::npos;
   const std::string_view kind = takeUntil(text, ':');
   const auto row =
       std::find_if(kKinds.begin(), kKinds.end(), [kind](const KindName& k) { return k.name == kind; });
   if (row == kKinds.end()) return std::nullopt;
   Fault fault;
   fault.kind = row->kind;
-  while (!text.empty()) {
+  if (!hasSettings) return fault;
+  do {
     std::string_view setting = takeUntil(text, ',');
     const std::string_view name = takeUntil(setting, '=');
     if (!readSetting(name, setting, fault)) return std::nullopt;
-  }
+  } while (!text.empty());
   return fault;
 }
 

@@ -29,6 +29,8 @@ struct Profile {
   std::string version() const;
   // The chip number as it goes over the wire: its three bytes with "." between them.
   std::string chipBytes() const;
+  // A 240 V second-line device that can be told how its supply is wired.
+  bool knowsWiring() const { return line == Line::Tessara && rating == 240 && version() >= "1*14"; }
   // The mains' nominal frequency: 50 Hz at a 230 V site, 60 Hz elsewhere.
   double nominalHertz() const { return siteVolts > 219 && siteVolts < 236 ? 50.0 : 60.0; }
 };

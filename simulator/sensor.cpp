@@ -1,5 +1,6 @@
 #include "simulator/sensor.h"
 
+#include <algorithm>
 #include <array>
 
 namespace zephon::simulator {
@@ -11,11 +12,11 @@ double count120(double volts) {
   return (volts < 26.0 ? volts - 16.0 : volts - 20.0) * 6.0 / 5.0;
 }
 
-// What the divider of a 240 V device sees in place of a low voltage.
+// What the divider of a 240 V device sees in place of a low voltage. It jumps at 65 and at 95 V.
 double lifted(double volts) {
-  if (volts < 55.0) return (volts + 31.25) / 1.3125;
-  if (volts < 94.0) return (volts + 25.0) / 1.25;
-  return volts;
+  if (volts < 55.2) return std::min((volts + 31.25) / 1.3125, 64.9);
+  if (volts < 94.4) return std::clamp((volts + 25.0) / 1.25, 65.0, 94.9);
+  return std::max(volts, 95.0);
 }
 
 struct Step {

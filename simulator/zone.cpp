@@ -20,10 +20,12 @@ Zone nextZone(Zone current, double volts, const Limits& limits, double nominalVo
   const double margin = nominalVolts / 100.0;
   const Zone plain = zoneOf(volts, limits, nominalVolts);
   if (current < Zone::Normal && plain > current) {
-    return std::min(plain, std::max(current, zoneOf(volts - margin, limits, nominalVolts)));
+    const Zone lower = zoneOf(volts - margin, limits, nominalVolts);
+    return lower < Zone::Normal ? std::max(current, lower) : plain;
   }
   if (current > Zone::Normal && plain < current) {
-    return std::max(plain, std::min(current, zoneOf(volts + margin, limits, nominalVolts)));
+    const Zone upper = zoneOf(volts + margin, limits, nominalVolts);
+    return upper > Zone::Normal ? std::min(current, upper) : plain;
   }
   return plain;
 }

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "simulator/bench_line.h"
+
+namespace zephon::simulator {
+namespace {
+
+TEST(FaultTest, EachKindSpoilsTheReplyInItsWay) {
+  struct {
+    std::string fault, command, first, second;
+  } const rows[] = {
+      {"silent:count=1", "gN", "", "1KD1"},
+      {"silent:count=1,only=gO", "gN", "1KD1", "1KD1"},
+      {"short", "gN", "1KD", "1KD"},
+      {"short:amount=9,count=1", "gN", "", "1KD1"},
+      {"stray:amount=2,count=1", "gN", "UU1KD1", "1KD1"},
+      {"garbage:count=1", "gV", "\xED", "x"},
+      {"doubled:count=1", "gN", "11KKDD11", "1KD1"},
+      {"refuse", "gV", "x", "x"},
+      {"refuse:count=1", "s4P", "", "OK"},
+      {"cut:amount=2", "gN", "1K", ""},
+      {"silent:after=1.5,for=2", "gN", "1KD1", ""},
+      {"silent:for=0.5", "gN", "", "1KD1"},
+  };
+  for (const auto& row : rows) {
+    BenchLine line({}, quiet());
+    const auto fault = parseFault(row.fault);
+    ASSERT_TRUE(fault) << row.fault;
+    line.device.addFault(*fault);
+    EXPECT_EQ(line.ask(row.command, 2000), row.first) << row.fault;
+    EXPECT_EQ(line.device.lastReply(), row.first) << row.fault;
+    EXPECT_EQ(line.ask(row.command, 2000), row.second) << row.fault;
+    line.device.clearFaults();
+    EXPECT_EQ(line.ask("gN"), "1KD1") << row.fault;
+  }
+}
+
+TEST(FaultTest, BadTextsAreNoFaults) {
+  for (const std::string text :
+       {"", "loud", "short:", "short:amount", "short:amount=", "short:amount=x", "short:amount=-1",
+        "short:amount=1x", "late:ms=3", "silent:only=", "silent:for=nan", "Silent"}) {
+    EXPECT_FALSE(parseFault(text)) << text;
+  }
+}
+
+TEST(FaultTest, ALateReplyComesWholeAfterItsTime) {
+  BenchLine line;
+  line.device.addFault(*parseFault("late:amount=150,count=1"));
+  EXPECT_EQ(line.ask("gN", 150), "");
+  line.device.linePurged();  // the far end has given up, the device has not
+  EXPECT_EQ(line.ask("gO", 100).substr(0, 4), "1KD1");
+}
+
+TEST(FaultTest, SilentAndRefusedWritesChangeNothing) {
+  struct {
+    Line line;
+    std::string fault, write, said, read, still;
+  } const rows[] = {
+      {Line::Orvantis, "silent", "s4Z", "", "gH", "P"}, {Line::Orvantis, "refuse", "s4Z", "", "gH", "P"},
+      {Line::Orvantis, "refuse", "s1", "", "gQ", "1"},  {Line::Tessara, "silent", "a2", "", "+", "1"},
+      {Line::Tessara, "refuse", "a2", "3", "+", "1"},   {Line::Tessara, "refuse", "o", "", "s", "On"},
+  };
+  for (const auto& row : rows) {
+    BenchLine line(makeProfile(row.line), quiet());
+    line.device.addFault(*parseFault(row.fault));
+    EXPECT_EQ(line.ask(row.write), row.said) << row.fault << " " << row.write;
+    EXPECT_EQ(line.device.heard().back().command + line.device.heard().back().data, row.write);
+    line.device.clearFaults();
+    std::string reply = line.ask(row.read);
+    if (row.read == "+") reply = reply.substr(510, 1);
+    EXPECT_EQ(reply, row.still) << row.fault << " " << row.write;
+  }
+}
+
+TEST(FaultTest, ADeadLineForgetsWhatWasOnIt) {
+  BenchLine line(makeProfile(Line::Tessara), quiet());
+  line.device.hear("+", 9600);
+  line.idle(0.1);
+  line.device.cutLine();
+  const std::size_t before = line.chunks.size();
+  line.device.hear("r", 9600);
+  line.idle(1);
+  EXPECT_EQ(line.chunks.size(), before);
+  line.device.restoreLine();
+  EXPECT_EQ(line.ask("r"), "2.00");
+}
+
+}  // namespace
+}  // namespace zephon::simulator
