@@ -29,7 +29,7 @@ std::string fromEnvironment(const char* variable) {
 }
 
 std::string homeFolder() {
-  const std::string named = fromEnvironment("HOME");
+  std::string named = fromEnvironment("HOME");
   if (!named.empty()) return named;
   const passwd* user = ::getpwuid(::getuid());
   return user && user->pw_dir && *user->pw_dir == '/' ? trimmed(user->pw_dir) : "";

@@ -9,19 +9,20 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <system_error>
 #include <vector>
 
 #include "platform/device_holders.h"
 #include "platform/error_text.h"
-#include "platform/line_settings.h"
 
 namespace zephon {
 namespace {
 
 namespace fs = std::filesystem;
+
+constexpr int kMostPorts = 256;
 
 std::string joined(const std::vector<std::string>& words) {
   std::string text;
@@ -57,31 +58,36 @@ bool listedInGroup(gid_t id, const std::string& user) {
   return false;
 }
 
-std::vector<std::string> namesIn(const std::string& folder) {
-  std::vector<std::string> names;
+std::vector<std::string> filesIn(const std::string& folder) {
+  std::vector<std::string> paths;
   std::error_code error;
   for (fs::directory_iterator one(folder, error), end; !error && one != end; one.increment(error)) {
-    names.push_back(one->path().filename());
+    paths.push_back(one->path());
   }
-  std::ranges::sort(names);
-  return names;
+  std::ranges::sort(paths);
+  return paths;
 }
 
-// "COM2 (/dev/ttyUSB1)" for every device that a COM number leads to now, and the devices that none leads to.
+std::string withNote(std::string text, const std::string& note) {
+  return text.append(" (").append(note).append(")");
+}
+
+// "COM2 (/dev/ttyUSB1)" for every COM number that leads to something now, then the devices that none leads
+// to.
 std::vector<std::string> presentPorts(const PortFolders& folders) {
   std::vector<std::string> ports;
-  const std::vector<std::string> named =
-      folders.ports.empty() ? std::vector<std::string>{} : namesIn(folders.ports);
-  for (const std::string& name : named) {
-    const std::string path = folders.ports + "/" + name;
-    if (comNumberOf(name) && ::access(path.c_str(), F_OK) == 0) ports.push_back(name + " (" + path + ")");
+  std::set<std::string> reached;
+  for (int number = 1; number <= kMostPorts; ++number) {
+    const std::string com = "COM" + std::to_string(number);
+    const std::string path = devicePath(folders, com);
+    if (::access(path.c_str(), F_OK) != 0) continue;
+    ports.push_back(withNote(com, path));
+    reached.insert(path);
   }
-  for (const std::string& name : namesIn(folders.devices)) {
+  for (const std::string& path : filesIn(folders.devices)) {
+    const std::string name = fs::path(path).filename();
     if (!name.starts_with("ttyUSB") && !name.starts_with("ttyACM")) continue;
-    const std::string path = folders.devices + "/" + name;
-    const std::string com = "COM" + std::to_string(std::atoi(name.c_str() + 6) + 1);
-    const bool reached = devicePath(folders, com) == path;
-    ports.push_back(reached ? com + " (" + path + ")" : path + " (no COM number leads there)");
+    if (!reached.contains(path)) ports.push_back(withNote(path, "no COM number leads there"));
   }
   return ports;
 }
@@ -89,8 +95,9 @@ std::vector<std::string> presentPorts(const PortFolders& folders) {
 std::string missing(const std::string& path, const PortFolders& folders) {
   std::string text = path;
   std::error_code error;
-  const fs::path target = fs::read_symlink(path, error);
-  text += error ? " does not exist" : " leads to " + target.string() + ", which does not exist";
+  const std::string target = fs::read_symlink(path, error);
+  if (!error) text.append(" leads to ").append(target).append(", which");
+  text += " does not exist";
   const std::vector<std::string> ports = presentPorts(folders);
   if (ports.empty()) return text + ", and no other serial port is there: plug in the cable.";
   return text + ": plug in the cable, or choose another port. There are: " + joined(ports) + ".";
@@ -128,7 +135,7 @@ std::string busy(const std::string& path, const std::string& processes) {
   std::vector<std::string> names;
   for (const DeviceHolder& holder : deviceHolders(path, processes)) {
     const std::string what = holder.pid == ::getpid() ? "this program itself" : holder.name;
-    names.push_back((what.empty() ? "a program" : what) + " (process " + std::to_string(holder.pid) + ")");
+    names.push_back(withNote(what.empty() ? "a program" : what, "process " + std::to_string(holder.pid)));
   }
   if (names.empty()) {
     return path + " is in use by a program that " + userName(::geteuid()) + " may not see: sudo fuser -v " +

@@ -17,7 +17,7 @@ std::string devicePath(const PortFolders& folders, const std::string& portName) 
   const auto number = comNumberOf(portName);
   if (!number) return {};
   if (!folders.ports.empty()) {
-    const std::string own = folders.ports + "/" + portName;
+    std::string own = folders.ports + "/" + portName;
     struct stat status {};
     if (::lstat(own.c_str(), &status) == 0) return own;
   }

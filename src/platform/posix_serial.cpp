@@ -78,20 +78,20 @@ std::array<int, 5> errorCounts(int file) {
 }
 
 struct Request {
-  LineFunction function;
   unsigned long request;
+  LineFunction function;
   int lines;  // none for the break, whose requests take no argument
 };
 
 constexpr Request kRequests[] = {
-    {LineFunction::SetRts, TIOCMBIS, TIOCM_RTS}, {LineFunction::ClearRts, TIOCMBIC, TIOCM_RTS},
-    {LineFunction::SetDtr, TIOCMBIS, TIOCM_DTR}, {LineFunction::ClearDtr, TIOCMBIC, TIOCM_DTR},
-    {LineFunction::SetBreak, TIOCSBRK, 0},       {LineFunction::ClearBreak, TIOCCBRK, 0}};
+    {TIOCMBIS, LineFunction::SetRts, TIOCM_RTS}, {TIOCMBIC, LineFunction::ClearRts, TIOCM_RTS},
+    {TIOCMBIS, LineFunction::SetDtr, TIOCM_DTR}, {TIOCMBIC, LineFunction::ClearDtr, TIOCM_DTR},
+    {TIOCSBRK, LineFunction::SetBreak, 0},       {TIOCCBRK, LineFunction::ClearBreak, 0}};
 
 }  // namespace
 
 PosixSerial::~PosixSerial() {
-  while (!devices_.empty()) close(devices_.begin()->first);
+  while (!devices_.empty()) PosixSerial::close(devices_.begin()->first);
 }
 
 bool PosixSerial::fail(int error) {

@@ -145,6 +145,7 @@ std::string saveErrorText(const SaveResult& result) {
 }
 
 SaveResult saveFile(const std::string& path, std::string_view bytes, const FileCalls& calls) {
+  if (path.empty()) return {SaveStep::Look, ENOENT};
   const auto target = targetOf(path);
   if (!target) return failed(SaveStep::Look);
   const FileSizeSignalOff quiet;

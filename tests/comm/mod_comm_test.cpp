@@ -6,7 +6,6 @@
 #include <functional>
 
 #include "comm/wait.h"
-#include "platform/error_text.h"
 #include "platform/memory_line.h"
 #include "platform/timer.h"
 #include "platform/virtual_loop.h"
@@ -53,83 +52,81 @@ TEST_F(ModComm, OpenSetsUpTheLineAndCloseKeepsTheHandle) {
   ASSERT_EQ(open(), 0);
   EXPECT_EQ(entry().dcb, (LineState{9600, 'N', 8, 1}));
   const SerialHandle handle = entry().handle;
-  EXPECT_EQ(CommClose(port_, 12), 0);
-  EXPECT_EQ(CommClose(port_, 12), 0);
+  for (int i = 0; i < 2; ++i) EXPECT_EQ(CommClose(port_, 12), 0);
   EXPECT_EQ(line_.closes(), 1);
   EXPECT_FALSE(entry().open);
   EXPECT_EQ(entry().handle, handle);
-  EXPECT_NE(CommFlush(port_, 12), 0);  // flush asks the device about the old handle
+  EXPECT_EQ(CommFlush(port_, 12), EBADF);  // it asks the device about the old handle
+  EXPECT_EQ(CommFlush(port_, 1), EBADF);   // and about one that never was
+  expectError(EBADF, "CommFlush (PurgeComm)", "Bad file descriptor");
 }
 
-TEST_F(ModComm, EachStepOfOpenHasItsOwnSource) {
-  const struct {
-    Call call;
-    const char* source;
-    bool leftOpen;
-  } steps[] = {{Call::Open, "CommOpen (CreateFile)", false},
-               {Call::Setup, "CommOpen (SetupComm)", true},
-               {Call::Purge, "CommOpen (PurgeComm)", true},
-               {Call::SetTimeouts, "CommOpen (SetCommTimeouts)", true},
-               {Call::GetState, "CommOpen (GetCommState)", true},
-               {Call::BuildState, "CommOpen (BuildCommDCB)", true},
-               {Call::SetState, "CommOpen (SetCommState)", true}};
-  for (const auto& step : steps) {
-    line_.failNext(step.call, EPERM);
+TEST_F(ModComm, EachStepOfOpenHasItsOwnSourceAndRollsNothingBack) {
+  const std::pair<Call, const char*> steps[] = {
+      {Call::Open, "CreateFile"},       {Call::Setup, "SetupComm"},
+      {Call::Purge, "PurgeComm"},       {Call::SetTimeouts, "SetCommTimeouts"},
+      {Call::GetState, "GetCommState"}, {Call::BuildState, "BuildCommDCB"},
+      {Call::SetState, "SetCommState"}};
+  for (const auto& [call, name] : steps) {
+    line_.failNext(call, EPERM);
     EXPECT_EQ(open(), EPERM);
-    expectError(EPERM, step.source, "Operation not permitted");
-    EXPECT_EQ(entry().open, step.leftOpen) << step.source;
-    if (step.leftOpen) {
+    expectError(EPERM, std::string("CommOpen (") + name + ")", "Operation not permitted");
+    EXPECT_EQ(entry().open, call != Call::Open) << name;
+    if (entry().open) {
       EXPECT_EQ(open(), -1);
       expectError(-1, "CommOpen", "Port in use.");
     }
     EXPECT_EQ(CommClose(port_, 12), 0);
-    EXPECT_FALSE(line_.isOpen(12)) << step.source;
+    EXPECT_FALSE(line_.isOpen(12)) << name;
   }
-}
-
-TEST_F(ModComm, OpenRefusesMissingPortAndBadModeString) {
   EXPECT_EQ(CommOpen(port_, 13, "COM13", kSettings), ENOENT);
-  expectError(ENOENT, "CommOpen (CreateFile)", "No such file or directory");
   EXPECT_FALSE(table_.ports[12].open);
   EXPECT_EQ(CommOpen(port_, 12, "COM12", "baud=fast"), EINVAL);
   expectError(EINVAL, "CommOpen (BuildCommDCB)", "Invalid argument");
-  EXPECT_EQ(CommClose(port_, 12), 0);
 }
 
 TEST_F(ModComm, EachFailureOfAnOpenPortHasItsOwnSourceAndResult) {
   ASSERT_EQ(open(), 0);
   std::string out = "old";
-  const std::string words = systemErrorText(EIO);
-  line_.failNext(Call::ClearError, EIO);
-  EXPECT_EQ(CommRead(port_, 12, out, 100), -1);
-  expectError(EIO, "CommRead (ClearCommError)", words);
-  EXPECT_EQ(out, "");
-  peer_.say("x", 9600);
-  line_.failNext(Call::Read, EIO);
-  EXPECT_EQ(CommRead(port_, 12, out, 100), -1);
-  expectError(EIO, "CommRead (ReadFile)", words + "  COMM Error Flags = 0");
-  line_.failNext(Call::Write, EIO);
-  line_.raiseFlags(0x1A);
-  EXPECT_EQ(CommWrite(port_, 12, "gN"), -1);
-  expectError(EIO, "CommWrite (WriteFile)", words + "  COMM Error Flags = 1A");
-  line_.failNext(Call::Purge, EIO);
-  EXPECT_EQ(CommFlush(port_, 12), EIO);
-  expectError(EIO, "CommFlush (PurgeComm)", words);
-  EXPECT_EQ(CommSetLine(port_, 12, 4, true), EINVAL);
-  expectError(EINVAL, "CommSetLine (EscapeCommFunction)", "Invalid argument");
-  line_.failNext(Call::Close, EIO);
-  EXPECT_EQ(CommClose(port_, 12), EIO);
-  expectError(EIO, "CommClose (CloseHandle)", words);
-  EXPECT_TRUE(entry().open);
+  const std::string words = "Input/output error";
+  const struct {
+    Call call;
+    std::function<std::int32_t()> fails;
+    std::int32_t result;
+    std::string source, message;
+  } cases[] = {{Call::ClearError, [&] { return CommRead(port_, 12, out, 100); }, -1,
+                "CommRead (ClearCommError)", words},
+               {Call::Read, [&] { return CommRead(port_, 12, out, 100); }, -1, "CommRead (ReadFile)",
+                words + "  COMM Error Flags = 0"},
+               {Call::Write, [&] { return CommWrite(port_, 12, "gN"); }, -1, "CommWrite (WriteFile)",
+                words + "  COMM Error Flags = 1A"},
+               {Call::Purge, [&] { return CommFlush(port_, 12); }, EIO, "CommFlush (PurgeComm)", words},
+               {Call::EscapeFunction, [&] { return CommSetLine(port_, 12, kLineDtr, true); }, EIO,
+                "CommSetLine (EscapeCommFunction)", words},
+               {Call::Close, [&] { return CommClose(port_, 12); }, EIO, "CommClose (CloseHandle)", words}};
+  peer_.say("waits", 9600);
+  for (const auto& one : cases) {
+    if (one.call == Call::Write) line_.raiseFlags(0x1A);
+    line_.failNext(one.call, EIO);
+    EXPECT_EQ(one.fails(), one.result) << one.source;
+    expectError(EIO, one.source, one.message);
+    EXPECT_EQ(out, "");
+    EXPECT_TRUE(entry().open);
+  }
 }
 
-TEST_F(ModComm, FailureWithoutAnErrorNumberGivesTheCount) {
+TEST_F(ModComm, WriteTellsItsOwnErrorOrTheCountWithoutOne) {
   ASSERT_EQ(open(), 0);
   line_.failNext(Call::Write, 0);
   loop_.passes = 0;
   EXPECT_EQ(CommWrite(port_, 12, "gN"), 0);
   EXPECT_EQ(loop_.passes, 1);
   EXPECT_EQ(table_.lastCommError.code, 0);
+  line_.failNext(Call::Write, EIO);
+  line_.failNext(Call::Purge, EBUSY);
+  loop_.callAt(Instant{0}, [&] { CommFlush(port_, 12); });  // fails inside the write
+  EXPECT_EQ(CommWrite(port_, 12, "gN"), -1);
+  EXPECT_EQ(table_.lastCommError.code, EIO);
 }
 
 TEST_F(ModComm, WriteRunsElevenPassesAndReadOne) {
@@ -144,15 +141,6 @@ TEST_F(ModComm, WriteRunsElevenPassesAndReadOne) {
   std::string out;
   EXPECT_EQ(CommRead(port_, 12, out, 100), 0);
   EXPECT_EQ(loop_.passes, 1);
-}
-
-TEST_F(ModComm, WriteErrorOutlivesANestedFailure) {
-  ASSERT_EQ(open(), 0);
-  line_.failNext(Call::Write, EIO);
-  line_.failNext(Call::Purge, EBUSY);
-  loop_.callAt(Instant{0}, [&] { CommFlush(port_, 12); });
-  EXPECT_EQ(CommWrite(port_, 12, "gN"), -1);
-  EXPECT_EQ(table_.lastCommError.code, EIO);
 }
 
 TEST_F(ModComm, ReadTakesTheWholeQueueUpToTheBuffer) {
@@ -194,13 +182,12 @@ TEST_F(ModComm, PortIdsOutsideTheTableAreARunTimeFailure) {
 TEST_F(ModComm, SetLineDrivesTheModemLines) {
   ASSERT_EQ(open(), 0);
   for (const bool state : {true, false}) {
-    for (const std::int16_t one : {kLineBreak, kLineDtr, kLineRts})
-      EXPECT_EQ(CommSetLine(port_, 12, one, state), 0);
+    for (const auto one : {kLineBreak, kLineDtr, kLineRts}) EXPECT_EQ(CommSetLine(port_, 12, one, state), 0);
     const auto lines = line_.modemLines(12);
-    EXPECT_EQ(lines.sendsBreak, state);
-    EXPECT_EQ(lines.dtr, state);
-    EXPECT_EQ(lines.rts, state);
+    EXPECT_TRUE(lines.sendsBreak == state && lines.dtr == state && lines.rts == state);
   }
+  EXPECT_EQ(CommSetLine(port_, 12, 4, true), EINVAL);
+  expectError(EINVAL, "CommSetLine (EscapeCommFunction)", "Invalid argument");
 }
 
 TEST_F(ModComm, AwaitEndsWithBytesEventsOrTheDeadline) {

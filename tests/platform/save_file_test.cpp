@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <memory>
 
 #include "support/temp_folder.h"
 
@@ -17,34 +18,23 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The system's calls, of which the Nth of one kind fails. A close that fails has closed.
-struct FailingCalls {
-  FileCalls on(SaveStep step, int nth, int error) {
-    FileCalls calls = systemFileCalls();
-    const auto fails = [this, nth, error] {
-      if (++count_ != nth) return false;
-      errno = error;
-      return true;
-    };
-    if (step == SaveStep::Create) calls.open = [=](auto... all) { return fails() ? -1 : ::open(all...); };
-    if (step == SaveStep::Mode) calls.fchmod = [=](auto... all) { return fails() ? -1 : ::fchmod(all...); };
-    if (step == SaveStep::Write) {
-      // Three bytes at a time, as a device may.
-      calls.write = [=](int file, const void* bytes, std::size_t size) {
-        return fails() ? -1 : ::write(file, bytes, std::min<std::size_t>(size, 3));
-      };
-    }
-    if (step == SaveStep::Sync) calls.fsync = [=](int file) { return fails() ? -1 : ::fsync(file); };
-    if (step == SaveStep::Close)
-      calls.close = [=](int file) { return ::close(file) != 0 || fails() ? -1 : 0; };
-    if (step == SaveStep::Rename)
-      calls.rename = [=](auto... all) { return fails() ? -1 : std::rename(all...); };
-    return calls;
-  }
-
- private:
-  int count_ = 0;
-};
+// The system's calls, of which the Nth of one kind fails. A write takes three bytes at most, as a device may;
+// a close that fails has closed.
+FileCalls failing(SaveStep step, int nth, int error) {
+  const auto fails = [=, count = std::make_shared<int>(0)](SaveStep here) {
+    if (here != step || ++*count != nth) return false;
+    errno = error;
+    return true;
+  };
+  return {[=](auto... all) { return fails(SaveStep::Create) ? -1 : ::open(all...); },
+          [=](int file, const void* bytes, std::size_t size) {
+            return fails(SaveStep::Write) ? -1 : ::write(file, bytes, std::min<std::size_t>(size, 3));
+          },
+          [=](auto... all) { return fails(SaveStep::Mode) ? -1 : ::fchmod(all...); },
+          [=](int file) { return fails(SaveStep::Sync) ? -1 : ::fsync(file); },
+          [=](int file) { return ::close(file) != 0 || fails(SaveStep::Close) ? -1 : 0; },
+          [=](auto... all) { return fails(SaveStep::Rename) ? -1 : std::rename(all...); }};
+}
 
 int entriesIn(const std::string& folder) {
   return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
@@ -62,7 +52,7 @@ TEST(SaveFile, AnyFailureBeforeTheEndKeepsTheOldFileAlone) {
     TempFolder folder;
     folder.put("data.csv", "old");
     const SaveResult result =
-        saveFile(folder / "data.csv", "new bytes", FailingCalls().on(one.step, one.nth, one.error));
+        saveFile(folder / "data.csv", "new bytes", failing(one.step, one.nth, one.error));
     EXPECT_FALSE(result);
     EXPECT_EQ(result.step, one.step);
     EXPECT_EQ(result.error, one.error);
@@ -75,11 +65,11 @@ TEST(SaveFile, AnyFailureBeforeTheEndKeepsTheOldFileAlone) {
 
 TEST(SaveFile, InterruptedAndShortWritesGoOnAndTheFolderIsSynced) {
   TempFolder folder;
-  EXPECT_TRUE(saveFile(folder / "a", "ten bytes.", FailingCalls().on(SaveStep::Write, 2, EINTR)));
+  EXPECT_TRUE(saveFile(folder / "a", "ten bytes.", failing(SaveStep::Write, 2, EINTR)));
   EXPECT_EQ(folder.get("a"), "ten bytes.");
-  EXPECT_TRUE(saveFile(folder / "a", "", FailingCalls().on(SaveStep::Sync, 2, EINVAL)));  // cannot be synced
+  EXPECT_TRUE(saveFile(folder / "a", "", failing(SaveStep::Sync, 2, EINVAL)));  // cannot be synced
   EXPECT_EQ(folder.get("a"), "");
-  const SaveResult last = saveFile(folder / "a", "b", FailingCalls().on(SaveStep::Sync, 2, EIO));
+  const SaveResult last = saveFile(folder / "a", "b", failing(SaveStep::Sync, 2, EIO));
   EXPECT_EQ(last.step, SaveStep::SyncFolder);
   EXPECT_EQ(folder.get("a"), "b");
 }
