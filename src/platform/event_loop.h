@@ -16,8 +16,8 @@ using Millis = std::chrono::duration<double, std::milli>;
 inline constexpr Instant kNever = Instant::max();
 inline constexpr int kNoDescriptor = -1;
 
-// A span of time. One that is no number is none; a longer one than a century counts as a century, so that it can
-// be added to any instant.
+// A span of time. One that is no number is none; a longer one than a century counts as a century, so that it
+// can be added to any instant.
 inline Instant fromMillis(double milliseconds) {
   constexpr double kCentury = 100 * 365.25 * 24 * 3600 * 1000;
   if (milliseconds != milliseconds) return Instant{0};

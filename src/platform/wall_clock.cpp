@@ -38,7 +38,7 @@ WallMoment LoopClock::now() const {
   const auto total = std::chrono::duration_cast<std::chrono::milliseconds>(loop_.now()).count();
   const time_t seconds = static_cast<time_t>(unixStart_ + total / 1000);
   const int milliseconds = static_cast<int>(total % 1000);
-  return {utcRecord(seconds, milliseconds), utcRecord(seconds + minutesEast_ * 60, milliseconds)};
+  return {utcRecord(seconds, milliseconds), utcRecord(seconds + time_t{minutesEast_} * 60, milliseconds)};
 }
 
 }  // namespace zephon
