@@ -12,7 +12,7 @@ constexpr double kOverloadSeconds = 10.0;
 constexpr double kGroundFaultVolts = 30.0;
 
 Site::Place placeOf(const Profile& profile, const Options& options) {
-  return {options.seed, profile.siteVolts, profile.nominalHertz(), options.unixStart, options.disturbances};
+  return {options.seed, profile.mainsVolts(), profile.mainsHertz(), options.unixStart, options.disturbances};
 }
 
 std::optional<ImageEvent> imageEvent(Event event) {
@@ -43,7 +43,7 @@ Device::Device(const Profile& profile, const Options& options)
     : registers(factoryRegisters(profile.rating)),
       image(factoryBytes(profile.rating)),
       userId(fitted(profile.userId, 10)),
-      centreTapped(profile.knowsWiring() && profile.siteVolts >= 220),
+      centreTapped(profile.knowsWiring() && profile.mainsVolts() >= 220),
       profile_(profile),
       options_(options),
       site_(placeOf(profile, options)),
@@ -86,7 +86,7 @@ void Device::look() {
 
 void Device::watchVoltage(const SiteValues& seen) {
   const Limits points = limits();
-  const Zone next = nextZone(zone_, seen.volts, points, profile_.siteVolts);
+  const Zone next = nextZone(zone_, seen.volts, points, profile_.mainsVolts());
   const Zone before = std::exchange(zone_, next);
   if (worsens(before, next)) recordZone(before, next);
   if (next == Zone::Outage && switches.powerFailHold) wantOn_ = false;

@@ -17,7 +17,6 @@ Profile makeProfile(Line line, int rating) {
   Profile profile;
   profile.line = line;
   profile.rating = rating;
-  profile.siteVolts = rating;
   if (line == Line::Tessara) {
     profile.firmware = rating == 240 ? "1*14" : "2.00";
     profile.chip = {0x2B, 0x81, 0xE6};

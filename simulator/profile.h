@@ -15,8 +15,8 @@ enum class Line {
 // Which device stands on the line: what is on its plate and in its program memory.
 struct Profile {
   Line line = Line::Orvantis;
-  int rating = 120;          // volts on the plate: 120 or 240
-  double siteVolts = 120.0;  // what the site delivers on a normal day: 120, 208, 230, 240
+  int rating = 120;      // volts on the plate: 120 or 240
+  double siteVolts = 0;  // what the site delivers on a normal day: 120, 208, 230, 240; 0: the rating
   // Exactly four characters as they go over the wire: "1KD1" of the first line, which leaves the point out;
   // "2.00", "1.67", "1*14" of the second, which tells a 240 V rating by the "*".
   std::string firmware = "1KD1";
@@ -31,8 +31,9 @@ struct Profile {
   std::string chipBytes() const;
   // A 240 V second-line device that can be told how its supply is wired.
   bool knowsWiring() const { return line == Line::Tessara && rating == 240 && version() >= "1*14"; }
-  // The mains' nominal frequency: 50 Hz at a 230 V site, 60 Hz elsewhere.
-  double nominalHertz() const { return siteVolts > 219 && siteVolts < 236 ? 50.0 : 60.0; }
+  double mainsVolts() const { return siteVolts > 0 ? siteVolts : rating; }
+  // 50 Hz at a 230 V site, 60 Hz elsewhere.
+  double mainsHertz() const { return mainsVolts() > 219 && mainsVolts() < 236 ? 50.0 : 60.0; }
 };
 
 // The newest device of a line and rating at an ordinary site of that rating.

@@ -47,7 +47,7 @@ struct Disturbance {
   double level = 0;
 };
 
-// The mains and the load at one place: a function of the seed and the time alone, so that any moment, past
+// The mains and the load at one place: a function of its random number and the time alone, so that any moment, past
 // ones included, can be asked for in any order and is always the same.
 class Site {
  public:

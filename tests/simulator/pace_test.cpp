@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "simulator/bench_line.h"
+#include "simulator/noise.h"
 
 namespace zephon::simulator {
 namespace {
@@ -10,47 +11,29 @@ double expectedMs(int baud, std::size_t bytesThere, std::size_t bytesBack) {
   return static_cast<double>(bytesThere + bytesBack) * 10'000.0 / baud + 0.3;
 }
 
-struct PaceCase {
-  Line line;
-  std::string command;
-  std::size_t replyBytes;
-};
+TEST(PaceTest, TheLastByteComesWhenTheLineAllows) {
+  struct {
+    Line line;
+    std::string command;
+    std::size_t replyBytes;
+  } const rows[] = {{Line::Orvantis, "gN", 4},
+                    {Line::Orvantis, "g9", 23},
+                    {Line::Orvantis, "s4P", 2},
+                    {Line::Tessara, "r", 4},
+                    {Line::Tessara, "+", 512}};
+  for (const auto& row : rows) {
+    BenchLine line(makeProfile(row.line));
+    ASSERT_EQ(line.ask(row.command).size(), row.replyBytes);
+    const double last = Millis(line.chunks.back().at).count();
+    const double expected = expectedMs(line.baud, row.command.size(), row.replyBytes);
+    EXPECT_GE(last, expected) << row.command;
+    EXPECT_LT(last, expected + 0.001) << row.command;
 
-class Pace : public testing::TestWithParam<PaceCase> {};
-
-TEST_P(Pace, LastByteComesWhenTheLineAllows) {
-  const PaceCase& c = GetParam();
-  BenchLine line(makeProfile(c.line));
-  ASSERT_EQ(line.ask(c.command).size(), c.replyBytes);
-
-  const double last = Millis(line.chunks.back().at).count();
-  const double expected = expectedMs(line.baud, c.command.size(), c.replyBytes);
-  EXPECT_GE(last, expected);
-  EXPECT_LT(last, expected + 0.001);
-
-  const auto firstBytes = line.chunks.front().bytes.size();
-  const double first = Millis(line.chunks.front().at).count();
-  EXPECT_GE(first, expectedMs(line.baud, c.command.size(), firstBytes));
-  EXPECT_LE(static_cast<double>(firstBytes) * 10'000.0 / line.baud, 1.05);
-}
-
-INSTANTIATE_TEST_SUITE_P(Lines, Pace,
-                         testing::Values(PaceCase{Line::Orvantis, "gN", 4},
-                                         PaceCase{Line::Orvantis, "g9", 23},
-                                         PaceCase{Line::Orvantis, "s4\x50", 2},
-                                         PaceCase{Line::Tessara, "r", 4}, PaceCase{Line::Tessara, "+", 512}));
-
-TEST(PaceTest, RepliesFollowEachOther) {
-  BenchLine line;
-  const std::string both = line.ask("gNgP");
-  EXPECT_EQ(both, "1KD1ZEPHON SIM");
-}
-
-TEST(PaceTest, WithoutPaceTheReplyComesInTheNextPass) {
-  Options fast;
-  fast.paced = false;
-  BenchLine line({}, fast);
-  EXPECT_EQ(line.ask("gN", 0), "1KD1");
+    const std::size_t firstBytes = line.chunks.front().bytes.size();
+    const double first = Millis(line.chunks.front().at).count();
+    EXPECT_GE(first, expectedMs(line.baud, row.command.size(), firstBytes)) << row.command;
+    EXPECT_LE(static_cast<double>(firstBytes) * 10'000.0 / line.baud, 1.05) << row.command;
+  }
 }
 
 TEST(PaceTest, AnotherSpeedIsNoise) {
@@ -79,6 +62,22 @@ TEST(PaceTest, HalfACommandIsForgottenAfterAQuietSecond) {
     line.idle(c.pause);
     EXPECT_EQ(line.ask("DEFGHIJ"), c.reply) << c.pause;
     EXPECT_EQ(line.ask("gN"), "1KD1") << c.pause;
+  }
+}
+
+TEST(PaceTest, AnyBytesLeaveADeviceThatAnswers) {
+  for (const Line kind : {Line::Orvantis, Line::Tessara}) {
+    BenchLine line(makeProfile(kind));
+    for (std::int64_t i = 0; i < 20'000; ++i) {
+      // Half of them are such as may call something.
+      const double pick = chance(5, 0, i);
+      const char byte =
+          i % 2 == 0 ? "gs:;49>=?@YNabnv+"[static_cast<int>(pick * 17)] : static_cast<char>(pick * 256);
+      line.device.hear(std::string(1, byte), line.baud);
+    }
+    line.idle(600);
+    EXPECT_EQ(line.ask(kind == Line::Orvantis ? "gN" : "r"), line.device.profile().firmware);
+    EXPECT_GT(line.device.heard().size(), 100u);
   }
 }
 

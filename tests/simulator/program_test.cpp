@@ -1,0 +1,138 @@
+// The simulator as a program, at the far end of a real pseudo-terminal.
+
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+#include <thread>
+
+#include "platform/posix_serial.h"
+#include "support/temp_folder.h"
+
+extern char** environ;
+
+namespace zephon {
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::milliseconds;
+
+const std::string kProgram = ZEPHON_BUILD "/zephon-simulator";
+
+template <typename Condition>
+bool comesTrue(Condition condition) {
+  for (int i = 0; i < 500; ++i) {
+    if (condition()) return true;
+    std::this_thread::sleep_for(milliseconds(10));
+  }
+  return false;
+}
+
+// A running simulator with its link in a folder of its own.
+class Running {
+ public:
+  explicit Running(std::vector<std::string> words) {
+    words.insert(words.begin(), {kProgram, "--quiet", "--ports", ports()});
+    std::vector<char*> argv;
+    for (std::string& word : words) argv.push_back(word.data());
+    argv.push_back(nullptr);
+    if (::posix_spawn(&pid_, kProgram.c_str(), nullptr, nullptr, argv.data(), environ) != 0) pid_ = 0;
+  }
+  ~Running() {
+    if (pid_ > 0) stop(SIGKILL);
+  }
+
+  std::string ports() const { return folder_ / "new/ports"; }
+  bool linked(const std::string& name = "COM1") const { return fs::is_symlink(fs::path(ports()) / name); }
+
+  // The exit status; -1 if it did not end by itself.
+  int stop(int signal) {
+    ::kill(pid_, signal);
+    int status = 0;
+    ::waitpid(pid_, &status, 0);
+    pid_ = 0;
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  }
+
+  // What the device says to a command over a port opened for it alone.
+  std::string ask(const std::string& command, std::size_t length, int baud,
+                  milliseconds patience = milliseconds(2000)) {
+    PosixSerial serial({ports()});
+    const SerialHandle port = serial.open("COM1");
+    std::uint32_t count = 0;
+    if (!serial.setState(port, {baud}) || !serial.purge(port) || !serial.write(port, command, count))
+      return "no port";
+    std::string reply;
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (reply.size() < length && std::chrono::steady_clock::now() < end) {
+      std::array<char, 1024> bytes{};
+      if (serial.read(port, bytes, count)) reply.append(bytes.data(), count);
+      std::this_thread::sleep_for(milliseconds(1));
+    }
+    return reply;
+  }
+
+ private:
+  TempFolder folder_;
+  pid_t pid_ = 0;
+};
+
+TEST(Program, ServesAPortThatIsOpenedManyTimes) {
+  Running simulator({"--firmware", "1.JD1", "--name", "BENCH"});
+  ASSERT_TRUE(comesTrue([&] { return simulator.linked(); }));
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(simulator.ask("gN", 4, 115200), "1JD1");
+  EXPECT_EQ(simulator.ask("gN", 4, 9600, milliseconds(100)), "");
+  EXPECT_EQ(simulator.ask("gP", 10, 115200), "BENCH     ");
+}
+
+TEST(Program, SignalsEndItAndRemoveItsLink) {
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    Running simulator({"--port", "12"});
+    ASSERT_TRUE(comesTrue([&] { return simulator.linked("COM12"); }));
+    EXPECT_EQ(simulator.stop(signal), 0);
+    EXPECT_TRUE(fs::is_empty(simulator.ports()));
+  }
+}
+
+TEST(Program, SecondLineAtFullSpeedWithFaults) {
+  Running simulator(
+      {"--tessara", "--240", "--site-volts", "208", "--fast", "--past", "0", "--fault", "short:only=i"});
+  ASSERT_TRUE(comesTrue([&] { return simulator.linked(); }));
+  EXPECT_EQ(simulator.ask("r", 4, 9600), "1*14");
+  EXPECT_EQ(simulator.ask("g", 3, 9600), "120");
+  EXPECT_EQ(simulator.ask("+", 512, 9600).size(), 512u);
+  EXPECT_EQ(simulator.ask("i", 5, 9600, milliseconds(100)).size(), 4u);
+}
+
+TEST(Program, ABadCommandLineIsOneLineAndStatusTwo) {
+  const std::string bad[] = {
+      "--loud",     "--port",           "--port 0",         "--port 257",    "--volts 208",
+      "--seed -1",  "--seed x",         "--fault loud",     "--firmware 12", "--site-volts 0",
+      "--past 1e9", "--outlet-fault 1", "--firmware 12.34", "--ports ''",    ""};
+  TempFolder folder;
+  for (const std::string& words : bad) {
+    const std::string command = "unset ZEPHON_PORTS; " + kProgram + " " + words + " >" + (folder / "out") +
+                                " 2>" + (folder / "error");
+    const int status = std::system(command.c_str());
+    EXPECT_EQ(WEXITSTATUS(status), 2) << words;
+    const std::string error = folder.get("error");
+    EXPECT_EQ(std::count(error.begin(), error.end(), '\n'), 1) << words;
+    EXPECT_EQ(folder.get("out"), "") << words;
+  }
+}
+
+TEST(Program, LeavesAFileThatIsNoLinkAlone) {
+  TempFolder folder;
+  folder.put("COM1", "mine");
+  const std::string command = kProgram + " --ports " + (folder / "") + " 2>/dev/null";
+  EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
+  EXPECT_EQ(folder.get("COM1"), "mine");
+}
+
+}  // namespace
+}  // namespace zephon
