@@ -107,6 +107,7 @@ class World : public Bench {
     link.firmwareVersion = profile.version();
     link.nominalVolts = static_cast<std::int16_t>(profile.rating);
     link.ratedVolts = link.nominalVolts;
+    link.yOrCTflag = link.modelLine == 1 && profile.rating == 240 && device.device().centreTapped;
     openPort();
   }
   ~World() override { line.detach(main.link.commPort); }
