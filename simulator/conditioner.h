@@ -34,7 +34,8 @@ class Conditioner : public LinePeer {
   Device& device();
   // What the meters see at this moment. A reply holds these values as they were when its command had arrived.
   SiteValues truth() { return device().values(); }
-  // Pins values until release(): hold({.volts = 118.5, .amps = 3.0}). Holding the volts holds off surges too.
+  // Pins values until release(): hold({.volts = 118.5, .amps = 3.0}). Held volts hold off all
+  // disturbances.
   void hold(const Held& held) { device().hold(held); }
   void release() { device().release(); }
 

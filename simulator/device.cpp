@@ -162,7 +162,7 @@ Limits Device::limits() const {
 }
 
 SiteValues Device::lineValues() const {
-  SiteValues seen = site_.at(now_);
+  SiteValues seen = site_.at(now_, !held_.volts);
   seen.volts = held_.volts.value_or(seen.volts);
   seen.neutralGroundVolts = held_.neutralGroundVolts.value_or(seen.neutralGroundVolts);
   seen.hertz = held_.hertz.value_or(seen.hertz);

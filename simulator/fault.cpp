@@ -26,6 +26,8 @@ constexpr std::array<KindName, 8> kKinds = {{
     {"doubled", FaultKind::Doubled, 0},
 }};
 
+constexpr int kMostAmount = 1'000'000;
+
 int ownAmount(FaultKind kind) {
   return std::find_if(kKinds.begin(), kKinds.end(), [kind](const KindName& row) { return row.kind == kind; })
       ->ownAmount;
@@ -41,7 +43,7 @@ bool readNumber(std::string_view text, Number& number) {
 }
 
 bool readSetting(std::string_view name, std::string_view value, Fault& fault) {
-  if (name == "amount") return readNumber(value, fault.amount);
+  if (name == "amount") return readNumber(value, fault.amount) && fault.amount <= kMostAmount;
   if (name == "count") return readNumber(value, fault.commands);
   if (name == "after") return readNumber(value, fault.afterSeconds);
   if (name == "for") return readNumber(value, fault.forSeconds);
@@ -95,7 +97,7 @@ std::optional<Fault> parseFault(std::string_view text) {
 void FaultList::add(const Fault& fault, Instant now) {
   Set set{fault, later(now, fault.afterSeconds), kNever};
   if (set.from != kNever) set.until = later(set.from, fault.forSeconds);
-  if (fault.amount == Fault::kOwnAmount) set.fault.amount = ownAmount(fault.kind);
+  if (fault.amount < 0) set.fault.amount = ownAmount(fault.kind);
   set_.push_back(set);
 }
 

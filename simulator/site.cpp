@@ -111,12 +111,12 @@ double Site::quietVolts(double seconds) const {
   return place_.volts * (1.0 + daily + slow + fast);
 }
 
-SiteValues Site::at(double seconds) const {
+SiteValues Site::at(double seconds, bool disturbed) const {
   SiteValues values;
   Load load = loadAt(place_.seed, seconds, hourOfDay(place_.unixStart, seconds));
   double factor = 1.0;
   for (const Disturbance& disturbance : near(seconds, seconds)) {
-    if (!lasts(disturbance, seconds)) continue;
+    if (!disturbed || !lasts(disturbance, seconds)) continue;
     using Kind = Disturbance::Kind;
     if (disturbance.kind == Kind::Overload) load.add(disturbance.level, 0.8);
     if (disturbance.kind == Kind::Outage) factor = 0.0;

@@ -20,8 +20,8 @@ struct SiteValues {
   double peakVolts() const { return volts * crestFactor; }
 };
 
-// Values that a test or a demo pins; the others go on moving. Watts that are not held themselves follow from
-// volts, amps and power factor.
+// Values that a test or a demo pins; the others go on moving, but held volts hold off all disturbances. Watts
+// that are not held themselves follow from volts, amps and power factor.
 struct Held {
   std::optional<double> volts = {};
   std::optional<double> amps = {};
@@ -47,8 +47,8 @@ struct Disturbance {
   double level = 0;
 };
 
-// The mains and the load at one place: a function of its random number and the time alone, so that any moment, past
-// ones included, can be asked for in any order and is always the same.
+// The mains and the load at one place: a function of its random number and the time alone, so that any
+// moment, past ones included, can be asked for in any order and is always the same.
 class Site {
  public:
   struct Place {
@@ -61,8 +61,8 @@ class Site {
 
   explicit Site(const Place& place) : place_(place) {}
 
-  // At `seconds` since the start, all outlets on.
-  SiteValues at(double seconds) const;
+  // At `seconds` since the start, all outlets on; without its disturbances if they are not wanted.
+  SiteValues at(double seconds, bool disturbed = true) const;
 
   // The disturbances that start from `from` up to, not including, `to`, in order.
   std::vector<Disturbance> disturbances(double from, double to) const;

@@ -109,6 +109,18 @@ TEST(Watching, CountsWhatTheSiteDoesBeyondTheDevicesOwnLimits) {
   }
 }
 
+TEST(Watching, HeldVoltsHoldOffDisturbances) {
+  BenchLine line;
+  line.device.hold({.volts = 118.5});
+  line.device.device().site().add({Kind::Outage, 5, 60, 0});
+  line.idle(10);
+  EXPECT_EQ(line.device.truth().volts, 118.5);
+  EXPECT_NEAR(line.device.truth().hertz, 60.0, 0.1);
+  line.idle(kDay);
+  for (std::size_t i = 0; i < kEvents; ++i)
+    EXPECT_EQ(line.device.device().count(static_cast<Event>(i)), 0u) << i;
+}
+
 TEST(Watching, AVoltageAtABorderIsOneEventAndADeeperOneIsAnother) {
   struct {
     std::vector<double> volts;
