@@ -3,7 +3,7 @@
 namespace zephon {
 namespace {
 
-constexpr Slider::Axis kVolts120{80, 160, 20, 10};
+constexpr Slider::Axis kVolts120{80, 160, 10, 5};
 
 // Everything but the page buttons is hidden until its page is laid out.
 template <class... Elements>

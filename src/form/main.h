@@ -11,6 +11,7 @@
 #include "form/exchange.h"
 #include "form/limits.h"
 #include "form/link.h"
+#include "form/logs.h"
 #include "form/pages.h"
 #include "form/readings.h"
 #include "form/surroundings.h"
@@ -54,7 +55,7 @@ struct Main {
   Limits limits;
   PicImage picImage;
   Energy energy;
-  std::string rawLogBuffer;  // the last log's raw bytes, one character a byte
+  Logs logs;
   Config config;
   std::vector<std::string> dict;             // texts of the language by key
   std::array<std::string, 56> findingTexts;  // dictionary keys 215 to 270

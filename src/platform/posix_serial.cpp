@@ -16,6 +16,7 @@
 #include "platform/error_text.h"
 #include "platform/event_loop.h"
 #include "platform/line_settings.h"
+#include "platform/port_advice.h"
 #include "platform/termios_state.h"
 
 namespace zephon {
@@ -242,6 +243,10 @@ bool PosixSerial::close(SerialHandle handle) {
 
 std::string PosixSerial::errorText(int error) const {
   return systemErrorText(error);
+}
+
+std::string PosixSerial::advice(const std::string& portName, int error) const {
+  return portAdvice(devicePath(folders_, portName), error, {.folders = folders_});
 }
 
 int PosixSerial::descriptor(SerialHandle handle) const {

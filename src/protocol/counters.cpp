@@ -13,21 +13,8 @@ namespace {
 
 constexpr char kFirstWithOverloads[] = "1.GB0";
 
-// A class in the order of recSlide's pointers.
-struct CountClass {
-  std::int32_t Counters::*count;
-  TextBox MeasurementElements::*box;
-  bool inImage;  // the second line counts it too
-};
 using C = Counters;
 using E = MeasurementElements;
-constexpr std::array<CountClass, 7> kClasses = {{{&C::olCount, &E::OLrecTxt, false},
-                                                 {&C::poCount, &E::POrecTxt, true},
-                                                 {&C::uvcoCount, &E::UVcorecTxt, false},
-                                                 {&C::uvreCount, &E::UVrerecTxt, true},
-                                                 {&C::ovreCount, &E::OVrerecTxt, true},
-                                                 {&C::ovcoCount, &E::OVcorecTxt, false},
-                                                 {&C::sgCount, &E::SGrecTxt, true}}};
 
 // In the order of the pass.
 struct CountQuery {
@@ -52,7 +39,7 @@ bool counted(const CountClass& one, std::int16_t modelLine) {
 
 std::int64_t totalOf(const Counters& counters, std::int16_t modelLine) {
   std::int64_t total = 0;
-  for (const CountClass& one : kClasses) {
+  for (const CountClass& one : kCountClasses) {
     if (counted(one, modelLine)) total += counters.*one.count;
   }
   return total;
@@ -73,13 +60,27 @@ bool clearOnDevice(Main& main, const DeviceCommand& ofFirstLine) {
 
 }  // namespace
 
+constinit const std::array<CountClass, 7> kCountClasses = {
+    {{&C::olCount, &E::OLrecTxt, &E::PDlbl7, false},
+     {&C::poCount, &E::POrecTxt, &E::PDlbl1, true},
+     {&C::uvcoCount, &E::UVcorecTxt, &E::PDlbl2, false},
+     {&C::uvreCount, &E::UVrerecTxt, &E::PDlbl3, true},
+     {&C::ovreCount, &E::OVrerecTxt, &E::PDlbl4, true},
+     {&C::ovcoCount, &E::OVcorecTxt, &E::PDlbl5, false},
+     {&C::sgCount, &E::SGrecTxt, &E::PDlbl6, true}}};
+
+bool isCounted(const Link& link, const CountClass& one) {
+  if (link.modelLine == 1) return one.inImage;
+  return one.count != &C::olCount || link.firmwareVersion >= kFirstWithOverloads;
+}
+
 StackedShares stackedShares(const Counters& counters, std::int16_t modelLine) {
   const std::int64_t total = std::max<std::int64_t>(totalOf(counters, modelLine), 1);
   StackedShares values;
   double top = 0;
-  for (std::size_t i = 0; i < kClasses.size(); ++i) {
-    if (!counted(kClasses[i], modelLine)) continue;
-    top += share(counters.*kClasses[i].count, total);
+  for (std::size_t i = 0; i < kCountClasses.size(); ++i) {
+    if (!counted(kCountClasses[i], modelLine)) continue;
+    top += share(counters.*kCountClasses[i].count, total);
     values[i] = top;
   }
   return values;
@@ -91,18 +92,18 @@ std::optional<std::int16_t> imageTotal(const Counters& counters) {
 
 void showCounts(Main& main) {
   const StackedShares values = stackedShares(main.counters, main.link.modelLine);
-  for (std::size_t i = 0; i < kClasses.size(); ++i) {
+  for (std::size_t i = 0; i < kCountClasses.size(); ++i) {
     if (!values[i]) continue;
     main.measurement.recSlide.setPointerValue(i + 1, *values[i]);
-    TextBox& box = main.measurement.*kClasses[i].box;
-    box.setText(std::to_string(main.counters.*kClasses[i].count));
+    TextBox& box = main.measurement.*kCountClasses[i].box;
+    box.setText(std::to_string(main.counters.*kCountClasses[i].count));
     box.setStale(false);
   }
 }
 
 void markCountsStale(Main& main) {
-  for (const CountClass& one : kClasses) {
-    if (counted(one, main.link.modelLine)) (main.measurement.*one.box).setStale(true);
+  for (const CountClass& one : kCountClasses) {
+    if (isCounted(main.link, one)) (main.measurement.*one.box).setStale(true);
   }
 }
 
@@ -111,7 +112,7 @@ bool getPDevents(Main& main) {
   for (const CountQuery& query : kQueries) {
     if (!readCount(main, query)) return false;
   }
-  if (main.link.firmwareVersion >= kFirstWithOverloads && !readCount(main, kOverloadQuery)) return false;
+  if (isCounted(main.link, kCountClasses[0]) && !readCount(main, kOverloadQuery)) return false;
   showCounts(main);
   return true;
 }

@@ -9,6 +9,18 @@ namespace zephon {
 
 // The disturbance counters: reading, showing and clearing them.
 
+// A class of disturbance with its text box and its legend.
+struct CountClass {
+  std::int32_t Counters::*count;
+  TextBox MeasurementElements::*box;
+  Label MeasurementElements::*legend;
+  bool inImage;  // the second line counts it too
+};
+// In the order of recSlide's pointers, from the first.
+extern const std::array<CountClass, 7> kCountClasses;
+// Whether the device counts it: overloads from firmware 1.GB0 on, and four classes on the second line.
+bool isCounted(const Link& link, const CountClass& one);
+
 // The values of recSlide's stacked pointers 1 to 7: overloads, outages, under voltage shutdown and record,
 // over voltage record and shutdown, surges. Each class's share is a whole percentage by itself, so the top
 // may come out as 99 or 101. The second line (modelLine 1) counts outages, the two records and surges only;

@@ -20,7 +20,6 @@ namespace {
 
 constexpr std::size_t kKeyCapacitive = 69;
 constexpr std::size_t kKeyInductive = 70;
-constexpr std::size_t kKeyPowerFactor = 129;
 
 // How the first line reads a meter; the order of the pass.
 struct Query {
@@ -149,9 +148,7 @@ bool getPF(Main& main) {
   if (!reply) return false;
   const auto fraction = static_cast<float>(unscaledFraction(reply->substr(0, 1), true));
   const float factor = roundDecimals(fraction * meter.fullScale, meter.decimals);
-  const std::string kind = loadKind(main, (*reply)[1]);
-  showReading(main, meter, factor, readingText(meter, factor).value_or("") + kind);
-  main.measurement.pfLbl.setTooltip(dictText(main, kKeyPowerFactor) + kind);
+  showReading(main, meter, factor, readingText(meter, factor).value_or("") + loadKind(main, (*reply)[1]));
   return true;
 }
 

@@ -18,7 +18,7 @@ using E = MeasurementElements;
 
 }  // namespace
 
-const std::array<Meter, 7> kMeters = {{
+constinit const std::array<Meter, 7> kMeters = {{
     {MeterId::Vln, "V", &orvantis::kVlnRms, 512.0f, 2, always("00.00"), 1.0f, &R::lastVln, &E::VlnSlide,
      &E::VlnLbl},
     {MeterId::I,

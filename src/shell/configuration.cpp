@@ -1,5 +1,6 @@
 #include "shell/configuration.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -40,6 +41,8 @@ void readConfiguration(Main& main) {
 void writeConfiguration(Main& main) {
   const ConfigFile file{main.frame.COMlbl.caption(), main.config.bannerDisplay, main.config.checkComSettings,
                         main.config.language};
+  std::error_code ignored;  // the save tells when the folder can't be made
+  std::filesystem::create_directories(main.around.folders.config, ignored);
   if (!saveFile(main.around.folders.config + kFileName, formatConfig(file))) saveErrorSub(main);
 }
 

@@ -1,11 +1,11 @@
 #include "shell/connection.h"
 
+#include "comm/cable.h"
 #include "comm/mod_comm.h"
 #include "protocol/clock.h"
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/identity.h"
-#include "shell/cable.h"
 #include "shell/link_status.h"
 #include "shell/visit.h"
 #include "text/number.h"
@@ -80,6 +80,13 @@ void showModel(Main& main) {
   main.frame.modelLbl.setCaption(first ? "Orvantis" : "Tessara");
 }
 
+// The scales on which the rated voltage and its full load stand in the middle and in the upper third.
+void fitAxes(Main& main) {
+  const bool high = main.link.nominalVolts > 120;
+  main.measurement.VlnSlide.setAxis(high ? Slider::Axis{160, 320, 20, 10} : Slider::Axis{80, 160, 10, 5});
+  main.measurement.PSlide.setAxis(high ? Slider::Axis{0, 6000, 1000, 500} : Slider::Axis{0, 3000, 500, 250});
+}
+
 // The first line tells its rating; the second one by a mark in its version text.
 bool readRating(Main& main) {
   std::int32_t rating = main.link.firmwareVersion.find('*') == std::string::npos ? 120 : 240;
@@ -87,6 +94,7 @@ bool readRating(Main& main) {
   if (rating == -1) return false;
   main.link.nominalVolts = static_cast<std::int16_t>(rating);
   main.link.ratedVolts = main.link.nominalVolts;
+  fitAxes(main);
   return true;
 }
 
@@ -106,7 +114,7 @@ void closeLink(Main& main) {
   closePort(main);
   main.link.connected = false;
   main.frame.comBtn.setVisible(true);
-  showLinkState(main);
+  if (!main.link.openFailed) showLinkState(main);  // otherwise the reason stays in sight
 }
 
 void zeroPointers(Slider& slider, std::size_t from) {

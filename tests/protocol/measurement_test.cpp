@@ -72,7 +72,6 @@ TEST(FirstLinePass, ShowsEveryQuantity) {
     EXPECT_EQ(sliderOf(script.main, row.id).value(), row.pointer);
     EXPECT_EQ(sliderOf(script.main, row.id).pointer().colour, kGreen) << row.label;
   }
-  EXPECT_EQ(script.main.measurement.pfLbl.tooltip(), "Power Factor Inductive");
 }
 
 TEST(FirstLinePass, KeepsOrderAndPauses) {

@@ -1,0 +1,182 @@
+#include "logs/chart_memory.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+
+#include "protocol/day_serial.h"
+#include "protocol/encodings.h"
+#include "protocol/energy.h"
+#include "text/fixed_point.h"
+
+namespace zephon {
+namespace {
+
+using ChartRow = std::array<double, 9>;
+
+constexpr std::size_t kMarkBytes = 9;
+constexpr std::size_t kSampleBytes = 20;
+constexpr std::string_view kBlank = "\xFF\xFF\xFF";
+constexpr double kDaySeconds = 86400;
+
+std::uint8_t byteAt(std::string_view text, std::size_t i) {
+  return static_cast<std::uint8_t>(text[i]);
+}
+
+// A field of 1 to 3 bytes, high byte first: its fraction of the full scale, rounded to decimals. No such
+// fraction comes near noFraction.
+template <std::size_t Bytes>
+std::int64_t ticksOfField(std::string_view field, std::int64_t fullScale, int decimals) {
+  static_assert(Bytes <= 3 && noFraction > 1);
+  std::int64_t number = 0;
+  for (std::size_t i = 0; i < Bytes; ++i) number = number << 8 | byteAt(field, i);
+  const std::int64_t scaled = number * fullScale * kPowersOfTen[static_cast<std::size_t>(decimals)];
+  return (scaled + (std::int64_t{1} << (8 * Bytes - 1))) >> 8 * Bytes;
+}
+
+// The same in ones' complement.
+template <std::size_t Bytes>
+std::int64_t ticksOfSigned(std::string_view field, std::int64_t fullScale, int decimals) {
+  if (byteAt(field, 0) < 0x80) return ticksOfField<Bytes>(field, fullScale, decimals);
+  std::array<char, Bytes> inverted;
+  for (std::size_t i = 0; i < Bytes; ++i) inverted[i] = static_cast<char>(~field[i]);
+  return -ticksOfField<Bytes>({inverted.data(), Bytes}, fullScale, decimals);
+}
+
+// A number in single precision to four decimals, rounded on its own shortest form.
+std::int64_t fourDecimals(float value) {
+  const double scaled = static_cast<double>(value) * 1e4;
+  const double whole = std::floor(scaled);
+  const double pastMiddle = scaled - whole - 0.5;
+  // The shortest form lies within half a unit of the number's last place.
+  if (std::abs(pastMiddle) > scaled * 0x1p-23)
+    return static_cast<std::int64_t>(whole) + (pastMiddle > 0 ? 1 : 0);
+  std::array<char, 64> text{};
+  const auto end =
+      std::to_chars(text.data(), text.data() + text.size() - 6, value, std::chars_format::fixed).ptr;
+  const char* point = std::find(text.data(), end, '.');
+  std::int64_t ticks = 0;
+  std::from_chars(text.data(), point, ticks);
+  const std::string_view decimals(point, static_cast<std::size_t>(end - point));
+  for (std::size_t place = 1; place <= 4; ++place)
+    ticks = ticks * 10 + (place < decimals.size() ? decimals[place] - '0' : 0);
+  return ticks + (decimals.size() > 5 && decimals[5] >= '5' ? 1 : 0);
+}
+
+// The columns behind the time.
+void decodeSample(std::string_view sample, ChartRow& row) {
+  row[1] = fromTicks(ticksOfField<2>(sample, 512, 2), 2);
+  row[2] = fromTicks(ticksOfField<2>(sample.substr(2), 256, 3), 3);
+  row[3] = fromTicks(ticksOfSigned<2>(sample.substr(4), 262144, 1), 1);
+  row[4] = fromTicks(ticksOfField<3>(sample.substr(6), 65536, 3), 3);
+  row[5] = fromTicks(ticksOfField<3>(sample.substr(9), 8000, 2), 2);
+  row[6] = fromTicks(ticksOfSigned<1>(sample.substr(12), 2, 3), 3);
+  row[7] = fromTicks(bcdByte(byteAt(sample, 14)) * 1000 + ticksOfSigned<1>(sample.substr(15), 1, 3), 3);
+  row[8] = fromTicks(fourDecimals(energyOf(sample.substr(16, 4))), 4);
+}
+
+// Every third byte is looked at: three in a row can't slip between them.
+bool hasBlank(std::string_view sample) {
+  bool suspect = false;
+  for (std::size_t i = 2; i < sample.size(); i += 3) suspect |= sample[i] == kBlank[0];
+  return suspect && sample.find(kBlank) != std::string_view::npos;
+}
+
+bool isMark(std::string_view name) {
+  return name == "STR" || name == "CDF" || name == "PWR";
+}
+
+// A mark's moment as a date serial, local.
+std::optional<double> timeOfMark(std::string_view mark, UtcOffset offset) {
+  const DeviceDateBytes bytes = {byteAt(mark, 3), byteAt(mark, 4), byteAt(mark, 5),
+                                 byteAt(mark, 6), byteAt(mark, 7), byteAt(mark, 8)};
+  const auto local = plainDeviceDate(localTimeString(hexDateText(bytes), offset));
+  return local ? std::optional(dateSerial(*local)) : std::nullopt;
+}
+
+class ChartParser {
+ public:
+  ChartParser(std::string_view stream, UtcOffset offset) : rest_(stream), offset_(offset) {
+    log_.rows.reserve(stream.size() / kSampleBytes + 2);
+  }
+
+  ChartLog parse() {
+    std::optional<ChartEnd> end;
+    while (!end) end = takeBlock();
+    log_.end = *end;
+    return std::move(log_);
+  }
+
+ private:
+  // Each says why the stream ends with the block, if it does.
+  std::optional<ChartEnd> takeBlock();
+  std::optional<ChartEnd> takeMark(bool powerBack);
+  std::optional<ChartEnd> takeSample();
+
+  void repeatLast(double secondsOn) {
+    last_[0] = currentTime_ + secondsOn / kDaySeconds;
+    log_.rows.push_back(last_);
+  }
+
+  std::string_view rest_;
+  UtcOffset offset_;
+  double currentTime_ = 0;
+  ChartRow last_{};  // the last sample's values
+  ChartLog log_;
+};
+
+std::optional<ChartEnd> ChartParser::takeBlock() {
+  if (rest_.size() < 3) return ChartEnd::Cut;
+  const std::string_view name = rest_.substr(0, 3);
+  if (name == "END") return ChartEnd::EndMark;
+  if (name == kBlank) return ChartEnd::Blank;
+  return isMark(name) ? takeMark(name == "PWR") : takeSample();
+}
+
+std::optional<ChartEnd> ChartParser::takeMark(bool powerBack) {
+  if (rest_.size() < kMarkBytes) return ChartEnd::Cut;
+  const std::optional<double> time = timeOfMark(rest_, offset_);
+  if (!time) return ChartEnd::BadDate;
+  if (powerBack) repeatLast(1);
+  currentTime_ = *time;
+  if (powerBack) repeatLast(9);
+  rest_.remove_prefix(kMarkBytes);
+  return {};
+}
+
+std::optional<ChartEnd> ChartParser::takeSample() {
+  if (rest_.size() < kSampleBytes) return ChartEnd::Cut;
+  const std::string_view sample = rest_.substr(0, kSampleBytes);
+  if (hasBlank(sample)) return ChartEnd::Blank;
+  currentTime_ += 10 / kDaySeconds;
+  last_[0] = currentTime_;
+  decodeSample(sample, last_);
+  log_.rows.push_back(last_);
+  rest_.remove_prefix(kSampleBytes);
+  return {};
+}
+
+}  // namespace
+
+std::optional<std::string_view> chartPage(std::string_view reply) {
+  if (reply.size() < kChartReplyBytes) return {};
+  return reply.substr(2, kChartPageBytes);
+}
+
+ChartMemory chartMemoryOf(std::string_view firstReply) {
+  const bool small = firstReply.size() > 1 && firstReply[1] == '2';
+  return small ? ChartMemory{4, 131073} : ChartMemory{};
+}
+
+bool chartMemoryEnds(std::string_view stream) {
+  if (stream.size() < kSampleBytes) return false;
+  const std::string_view tail = stream.substr(stream.size() - kSampleBytes);
+  return std::all_of(tail.begin(), tail.end(), [](char c) { return c == kBlank[0]; });
+}
+
+ChartLog decodeChartMemory(std::string_view stream, UtcOffset offset) {
+  return ChartParser(stream, offset).parse();
+}
+
+}  // namespace zephon

@@ -1,0 +1,169 @@
+#include "protocol/exchange.h"
+
+#include <array>
+
+#include "comm/mod_comm.h"
+#include "comm/wait.h"
+#include "protocol/encodings.h"
+#include "text/strings.h"
+
+namespace zephon {
+namespace {
+
+constexpr std::int32_t kReplyRead = 100;
+
+bool portIsOpen(const Main& main) {
+  const auto id = static_cast<std::size_t>(main.link.commPort);
+  return id >= 1 && id <= main.link.table.ports.size() && main.link.table.ports[id - 1].open;
+}
+
+std::nullopt_t fail(Main& main, ExchangeFailure why) {
+  main.exchange.Timer1.setEnabled(false);
+  main.exchange.lastFailure = why;
+  return std::nullopt;
+}
+
+bool stillWanted(const Main& main, const PageVisit& visit) {
+  return !main.ending && main.pages.wanted == visit;
+}
+
+std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeoutMs, std::int32_t readSize,
+                                     const Complete& complete) {
+  Exchange& exchange = main.exchange;
+  const Port port = portOf(main);
+  std::string gathered;
+  exchange.replyBuffer.clear();
+  exchange.Timer1.setEnabled(false);
+  exchange.Timer1.setInterval(timeoutMs);
+  exchange.Timer1.setEnabled(true);
+  while (!complete(gathered)) {
+    const std::int32_t count = CommRead(port, main.link.commPort, exchange.replyBuffer, readSize);
+    gathered += exchange.replyBuffer;
+    if (!stillWanted(main, visit)) return fail(main, ExchangeFailure::Cancelled);
+    if (exchange.timedOut) {
+      return fail(main, gathered.empty() ? ExchangeFailure::TimedOut : ExchangeFailure::ShortReply);
+    }
+    if (!exchange.Timer1.enabled()) return fail(main, ExchangeFailure::Cancelled);
+    if (!portIsOpen(main)) return fail(main, ExchangeFailure::Closed);
+    if (count <= 0) CommAwait(port, main.link.commPort);  // the watchdog ends it at the latest
+  }
+  exchange.Timer1.setEnabled(false);
+  exchange.lastFailure = ExchangeFailure::None;
+  return gathered;
+}
+
+}  // namespace
+
+Port portOf(Main& main) {
+  return {main.link.table, main.around.serial, main.around.loop};
+}
+
+void wireWatchdog(Main& main) {
+  main.exchange.Timer1.onTick = [&main] {
+    main.exchange.timedOut = true;
+    flushPort(main);
+  };
+}
+
+void wait(Main& main, double milliseconds) {
+  wait(main.around.loop, main.ending, milliseconds);
+}
+
+void flushPort(Main& main) {
+  if (portIsOpen(main)) CommFlush(portOf(main), main.link.commPort);
+}
+
+bool sendText(Main& main, std::string_view text) {
+  if (!portIsOpen(main)) {
+    main.exchange.lastFailure = ExchangeFailure::Closed;
+    return false;
+  }
+  main.exchange.replyBuffer = text;
+  const std::int32_t written = CommWrite(portOf(main), main.link.commPort, std::string(text));
+  const bool all = written == static_cast<std::int32_t>(text.size());
+  if (!all) main.exchange.lastFailure = ExchangeFailure::Closed;
+  return all;
+}
+
+std::optional<std::string> gather(Main& main, double timeoutMs, std::int32_t readSize,
+                                  const Complete& complete) {
+  return gatherFor(main, main.pages.wanted, timeoutMs, readSize, complete);
+}
+
+std::optional<std::string> countedQuery(Main& main, const DeviceCommand& command) {
+  const PageVisit visit = main.pages.wanted;
+  const auto count = static_cast<std::size_t>(command.replyBytes);
+  main.exchange.timedOut = false;
+  flushPort(main);
+  if (!sendText(main, command.text)) return fail(main, ExchangeFailure::Closed);
+  auto reply = gatherFor(main, visit, command.timeoutMs, kReplyRead,
+                         [count](const std::string& gathered) { return gathered.size() >= count; });
+  if (reply) reply->erase(0, reply->size() - count);
+  return reply;
+}
+
+bool getOK(Main& main) {
+  main.exchange.timedOut = false;
+  return gather(main, kOkTimeout, kReplyRead,
+                [](const std::string& gathered) { return gathered.find("OK") != std::string::npos; })
+      .has_value();
+}
+
+bool getEcho(Main& main, const std::string& expected) {
+  main.exchange.timedOut = false;
+  const auto reply = gather(main, kEchoTimeout, kReplyRead,
+                            [&](const std::string& gathered) { return gathered.size() >= expected.size(); });
+  if (!reply) return false;
+  if (*reply != expected) main.exchange.lastFailure = ExchangeFailure::Refused;
+  return *reply == expected;
+}
+
+std::int32_t getDecimal(Main& main, const DeviceCommand& command) {
+  const auto reply = countedQuery(main, command);
+  return reply ? decodeDecimal(*reply) : -1;
+}
+
+float getUnscaledFraction(Main& main, const DeviceCommand& command, bool isSigned) {
+  const auto reply = countedQuery(main, command);
+  return reply ? static_cast<float>(unscaledFraction(*reply, isSigned)) : noFraction;
+}
+
+namespace {
+
+std::array<Button*, 7> pageButtons(Main& main) {
+  FrameElements& f = main.frame;
+  return {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn, &f.dataBtn, &f.setupBtn, &f.comBtn};
+}
+
+}  // namespace
+
+WriteInFlight::WriteInFlight(Main& main) : main_(main) {
+  std::uint32_t bit = 1;
+  for (Button* button : pageButtons(main)) {
+    if (button->enabled()) wasEnabled_ |= bit;
+    button->setEnabled(false);
+    bit <<= 1;
+  }
+}
+
+WriteInFlight::~WriteInFlight() {
+  std::uint32_t bit = 1;
+  for (Button* button : pageButtons(main_)) {
+    if ((wasEnabled_ & bit) != 0) button->setEnabled(true);
+    bit <<= 1;
+  }
+}
+
+bool confirmedWrite(Main& main, const DeviceCommand& command, double pauseMs, std::string_view second) {
+  {
+    const WriteInFlight held(main);
+    flushPort(main);
+    sendText(main, command.text);
+    wait(main, pauseMs);
+    sendText(main, second);
+    wait(main, 100);
+  }
+  return getOK(main);
+}
+
+}  // namespace zephon

@@ -1,0 +1,104 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "screen/element.h"
+
+namespace zephon {
+
+// The points of a plot, read where they lie. The x values never fall. The owner keeps it valid while a plot
+// holds it, and tells the graph when it has changed.
+class PlotData {
+ public:
+  PlotData() = default;
+  PlotData(const PlotData&) = delete;
+  PlotData& operator=(const PlotData&) = delete;
+  virtual ~PlotData() = default;
+  virtual std::size_t size() const = 0;
+  virtual double x(std::size_t index) const = 0;
+  virtual double y(std::size_t index) const = 0;
+};
+
+// A graph: plots over one X axis, each on a Y axis of its own or one that it shares, an annotation a plot,
+// and cursors. Widgets draw it; they tell apart by `revision` and size whether a plot was replaced or has
+// grown.
+class Graph : public Element {
+ public:
+  enum class XKind { Number, Date };  // dates are date serials, in days
+
+  struct Axis {
+    std::string name;   // "vaxis"
+    std::string title;  // "Voltage (V)"
+    // Without a range the axis fits itself to its visible plots.
+    std::optional<double> minimum, maximum;
+    bool visible = false;
+    bool operator==(const Axis&) const = default;
+  };
+
+  struct Plot {
+    std::string name;    // "voltage"
+    std::string legend;  // "Line Voltage"
+    std::string unit;    // "V"; empty for a bare number
+    std::size_t axis = 0;
+    bool visible = false;
+    std::string annotation;  // the latest value, or what a cursor reads off; empty for none
+    std::shared_ptr<const PlotData> data;
+    std::uint64_t revision = 0;  // another one: the points are others; the same: there are more of them
+  };
+
+  struct Cursor {
+    std::string name;  // "Cursor-1"
+    bool visible = false;
+    double x = 0;
+    double y = 0;
+    bool horizontal = false;          // a level to be dragged, instead of a point that snaps to a plot
+    std::optional<std::size_t> plot;  // the plot on which it stands
+    bool operator==(const Cursor&) const = default;
+  };
+
+  Graph(ElementList& list, std::string name) : Element(list, std::move(name)) {}
+
+  // The user has let a cursor go; `index` is the nearest point of its plot, nothing for a level.
+  std::function<void(std::size_t cursor, std::optional<std::size_t> index)> onCursor;
+
+  XKind xKind() const { return xKind_; }
+  const std::string& xTitle() const { return xTitle_; }
+  void setX(XKind kind, std::string title);
+  // Without a range the axis runs from the first to the last point.
+  const std::optional<std::pair<double, double>>& xRange() const { return xRange_; }
+  void setXRange(std::optional<std::pair<double, double>> range) { write(xRange_, range); }
+
+  // Sets up the axes, plots and cursors anew; everything that was drawn goes.
+  void setUp(std::vector<Axis> axes, std::vector<Plot> plots, std::vector<Cursor> cursors);
+  const std::vector<Axis>& axes() const { return axes_; }
+  const std::vector<Plot>& plots() const { return plots_; }
+  const std::vector<Cursor>& cursors() const { return cursors_; }
+
+  void setAxisRange(std::size_t axis, std::optional<double> minimum, std::optional<double> maximum);
+  void setAxisVisible(std::size_t axis, bool on) { write(axes_.at(axis).visible, on); }
+  void setPlotVisible(std::size_t plot, bool on) { write(plots_.at(plot).visible, on); }
+  void setAnnotation(std::size_t plot, std::string text) {
+    write(plots_.at(plot).annotation, std::move(text));
+  }
+  void setCursor(std::size_t cursor, const Cursor& state) { write(cursors_.at(cursor), state); }
+  // Other points for a plot; none clears it.
+  void setData(std::size_t plot, std::shared_ptr<const PlotData> data);
+  // The plots' data have grown at their ends; nothing else of them has changed. Notifies once.
+  void grown() { changed(); }
+
+  // What a user does: lets a cursor go at a place.
+  void dropCursor(std::size_t cursor, double x, double y, std::optional<std::size_t> plot,
+                  std::optional<std::size_t> index);
+
+ private:
+  XKind xKind_ = XKind::Date;
+  std::string xTitle_;
+  std::optional<std::pair<double, double>> xRange_;
+  std::vector<Axis> axes_;
+  std::vector<Plot> plots_;
+  std::vector<Cursor> cursors_;
+};
+
+}  // namespace zephon

@@ -1,0 +1,53 @@
+#include "text/fixed_point.h"
+
+#include <charconv>
+
+#include "text/picture.h"
+
+namespace zephon {
+
+// An exact half has at most 14 digits, so no shorter decimal form is the same number, and it goes up. Any
+// other number this close to the middle is rounded the slow way.
+std::int64_t ticksNearMiddle(double magnitude, int decimals) {
+  const auto power = static_cast<double>(kPowersOfTen[static_cast<std::size_t>(decimals)]);
+  const double scaled = magnitude * power;
+  const bool exact = std::fma(magnitude, power, -scaled) == 0;
+  if (exact && scaled - std::floor(scaled) == 0.5) return static_cast<std::int64_t>(scaled) + 1;
+  return std::llround(roundDecimals(magnitude, decimals) * power);
+}
+
+double roundQuickly(double value, int decimals) {
+  const std::optional<std::int64_t> ticks = ticksOf(value, decimals);
+  return ticks ? fromTicks(*ticks, decimals) : roundDecimals(value, decimals);
+}
+
+char* writeTicks(char* to, std::int64_t ticks, int decimals, int minWhole) {
+  if (ticks < 0) {
+    *to++ = '-';
+    ticks = -ticks;
+  }
+  const std::int64_t power = kPowersOfTen[static_cast<std::size_t>(decimals)];
+  const std::int64_t whole = ticks / power;
+  for (int digits = minWhole; digits > 1 && whole < kPowersOfTen[static_cast<std::size_t>(digits - 1)];
+       --digits)
+    *to++ = '0';
+  to = std::to_chars(to, to + kTicksRoom, whole).ptr;
+  if (decimals == 0) return to;
+  *to = '.';
+  std::int64_t fraction = ticks % power;
+  for (int place = decimals; place > 0; --place, fraction /= 10)
+    to[place] = static_cast<char>('0' + fraction % 10);
+  return to + decimals + 1;
+}
+
+char* writeShortest(char* to, double value) {
+  if (!(std::abs(value) < 1e8)) return nullptr;
+  const std::optional<std::int64_t> found = ticksOf(value, 4);
+  if (!found || fromTicks(*found, 4) != value) return nullptr;
+  std::int64_t ticks = *found;
+  int decimals = 4;
+  for (; decimals > 0 && ticks % 10 == 0; --decimals) ticks /= 10;
+  return writeTicks(to, ticks, decimals);
+}
+
+}  // namespace zephon

@@ -1,0 +1,287 @@
+#include "window/bindings.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QPixmap>
+#include <QProgressBar>
+#include <QSignalBlocker>
+#include <algorithm>
+
+#include "window/colours.h"
+#include "window/fields.h"
+#include "window/meter.h"
+#include "window/record_bar.h"
+#include "window/words.h"
+
+namespace zephon {
+namespace {
+
+// The keyboard's focus waits beside a control that goes away for a moment, and comes back with it unless the
+// user has taken it elsewhere meanwhile.
+void setReachable(QWidget& widget, bool visible, bool enabled) {
+  const bool gone = !visible || !enabled;
+  QWidget* const ground = widget.parentWidget();
+  if (gone && widget.hasFocus() && ground) {
+    widget.setProperty("hadFocus", true);
+    ground->setFocus();
+  }
+  widget.setVisible(visible);
+  widget.setEnabled(enabled);
+  if (gone || !widget.property("hadFocus").toBool()) return;
+  widget.setProperty("hadFocus", false);
+  if (ground && ground->hasFocus()) widget.setFocus();
+}
+
+void followCommon(QWidget& widget, const Element& element) {
+  setReachable(widget, element.visible(), element.enabled());
+  setTooltip(widget, element, widget.property("addition").toString());
+  if (element.fontSize() <= 0 || widget.font().pointSize() == element.fontSize()) return;
+  QFont font = widget.font();
+  font.setPointSize(element.fontSize());
+  widget.setFont(font);
+}
+
+// `drawValue` runs now and after each change of the element or of the label that is its legend.
+void follow(QWidget& widget, Element& element, const Legend& legend, const std::function<void()>& drawValue) {
+  widget.setObjectName(toQt(element.name()));
+  const auto drawAll = [&widget, &element, drawValue] {
+    followCommon(widget, element);
+    drawValue();
+  };
+  watchWhile(widget, element, drawAll);
+  if (legend.label) watchWhile(widget, *legend.label, drawAll);
+  drawAll();
+}
+
+// Text in its own colour, faded and slanted where it is stale.
+void setTextColour(QWidget& widget, QPalette::ColorRole role, Colour colour, bool stale) {
+  QPalette own;  // whatever it does not hold is the desktop's
+  if (stale || colour != kBlack) {
+    const QColor ink = stale ? tone(Tone::Muted, widget.palette()) : textColour(colour, widget.palette());
+    own.setColor(QPalette::Active, role, ink);
+    own.setColor(QPalette::Inactive, role, ink);
+  }
+  widget.setPalette(own);
+  QFont font = widget.font();
+  font.setItalic(stale);
+  widget.setFont(font);
+  widget.setAccessibleDescription(stale ? words::kNotLive : QString());
+}
+
+QString nameWithUnit(const Legend& legend, const QString& unit) {
+  return unit.isEmpty() ? legend.now() : legend.now() + QStringLiteral(" (%1)").arg(unit);
+}
+
+QString captionOf(const Button& element, const Legend& legend) {
+  return element.caption().empty() ? legend.now() : toQt(element.caption());
+}
+
+}  // namespace
+
+QString toQt(const std::string& text) {
+  return QString::fromStdString(text);
+}
+
+std::string fromQt(const QString& text) {
+  return text.toStdString();
+}
+
+QString Legend::now() const {
+  return label ? toQt(label->caption()) : text;
+}
+
+void watchWhile(QObject& owner, Element& element, const std::function<void()>& watcher) {
+  const Element::WatchId id = element.watch(watcher);
+  QObject::connect(&owner, &QObject::destroyed, [&element, id] { element.unwatch(id); });
+}
+
+void setTooltip(QWidget& widget, const Element& element, const QString& addition) {
+  widget.setProperty("addition", addition);
+  const QString own = toQt(element.tooltip());
+  widget.setToolTip(own.isEmpty() || addition.isEmpty() ? own + addition
+                                                        : own + QLatin1Char('\n') + addition);
+}
+
+QLabel* draw(Label& element, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setTextFormat(Qt::PlainText);
+  follow(*label, element, QString(), [label, &element] {
+    label->setText(toQt(element.caption()));
+    label->setAccessibleName(label->text());
+    setTextColour(*label, QPalette::WindowText, element.colour(), element.stale());
+  });
+  return label;
+}
+
+QLabel* draw(Image& element, int height, QWidget* parent) {
+  auto* label = new QLabel(parent);
+  label->setFocusPolicy(Qt::NoFocus);
+  follow(*label, element, QString(), [label, &element, height] {
+    const double ratio = label->devicePixelRatioF();
+    QPixmap picture(toQt(element.path()));
+    if (!picture.isNull()) {
+      picture = picture.scaledToHeight(std::min(picture.height(), static_cast<int>(height * ratio)),
+                                       Qt::SmoothTransformation);
+      picture.setDevicePixelRatio(ratio);
+    }
+    label->setPixmap(picture);
+    label->setAccessibleName(label->toolTip());
+    label->setVisible(element.visible() && !picture.isNull());
+  });
+  return label;
+}
+
+StateButton* draw(Button& element, const Legend& legend, QWidget* parent, StateButton::Look look,
+                  Glyph glyph) {
+  auto* button = new StateButton(parent, look);
+  button->setGlyph(glyph);
+  button->setCheckable(element.kind() == Button::Kind::Latching);
+  button->onPress = [&element](MouseButton mouse) { element.click(mouse); };
+  follow(*button, element, legend, [button, &element, legend] {
+    button->showOn(element.value());
+    button->setCaption(captionOf(element, legend));
+    button->setAccessibleName(button->caption().isEmpty() ? legend.now() : button->caption());
+  });
+  return button;
+}
+
+NumberField* draw(NumEdit& element, const Legend& legend, const QString& unit, QWidget* parent) {
+  auto* field = new NumberField(parent);
+  if (!unit.isEmpty()) field->setSuffix(QLatin1Char(' ') + unit);
+  const auto drawValue = [field, &element, legend, unit] {
+    field->show(element.value(), element.range());
+    field->setAccessibleName(nameWithUnit(legend, unit));
+  };
+  follow(*field, element, legend, drawValue);
+  field->onEdit = [&element, drawValue](double value) {
+    element.edit(value);
+    drawValue();  // an entry outside the range may have changed nothing but the field
+  };
+  return field;
+}
+
+DateField* draw(DateEdit& element, const Legend& legend, QWidget* parent) {
+  auto* field = new DateField(parent);
+  follow(*field, element, legend, [field, &element, legend] {
+    field->show(element.value());
+    field->setAccessibleName(legend.now());
+  });
+  field->onBegin = [&element] { element.beginEdit(); };
+  field->onEdit = [&element](double value) { element.edit(value); };
+  return field;
+}
+
+TextField* draw(TextBox& element, const Legend& legend, QWidget* parent) {
+  auto* field = new TextField(parent);
+  field->setReadOnly(element.readOnly());
+  if (element.maxLength() > 0) field->setMaxLength(element.maxLength());
+  follow(*field, element, legend, [field, &element, legend] {
+    const QString text = toQt(element.text());
+    if (text != field->text()) field->setText(text);
+    field->setAccessibleName(legend.now());
+    setTextColour(*field, QPalette::Text, element.colour(), element.stale());
+  });
+  field->onPress = [&element] { element.click(); };
+  QObject::connect(field, &QLineEdit::textEdited, field,
+                   [&element](const QString& text) { element.type(fromQt(text)); });
+  return field;
+}
+
+ChoiceField* draw(Combo& element, const Legend& legend, QWidget* parent) {
+  auto* field = new ChoiceField(parent);
+  field->setFocusPolicy(Qt::StrongFocus);
+  follow(*field, element, legend, [field, &element, legend] {
+    const QSignalBlocker quiet(field);
+    QStringList items;
+    for (const std::string& item : element.items()) items.append(toQt(item));
+    QStringList shown;
+    for (int index = 0; index < field->count(); ++index) shown.append(field->itemText(index));
+    if (items != shown) {
+      field->clear();
+      field->addItems(items);
+    }
+    field->setCurrentIndex(element.index());
+    field->setAccessibleName(legend.now());
+  });
+  QObject::connect(field, &QComboBox::activated, field, [&element](int index) { element.choose(index); });
+  return field;
+}
+
+Meter* drawMeter(Slider& element, Label& reading, const Legend& legend, QWidget* parent, const Marks& marks) {
+  auto* meter = new Meter(parent);
+  const auto drawValue = [meter, &element, &reading, legend, marks] {
+    Meter::Face face;
+    face.title = element.tooltip().empty() ? legend.now() : toQt(element.tooltip());
+    face.reading = toQt(reading.caption());
+    face.value = element.value();
+    face.axis = element.axis();
+    face.zone = zoneOf(element.pointer().colour);
+    face.on = element.on();
+    face.stale = reading.stale();
+    if (marks) face.marks = marks();
+    meter->setFace(face);
+    QString addition = face.on ? words::kPressToTurnOff : words::kPressToTurnOn;
+    if (!face.marks.empty()) addition += QLatin1Char('\n') + words::kLimitMarks;
+    setTooltip(*meter, element, addition);
+  };
+  follow(*meter, element, legend, drawValue);
+  watchWhile(*meter, reading, drawValue);
+  meter->onPress = [&element](MouseButton mouse) {
+    if (mouse == MouseButton::Left) element.click();
+  };
+  return meter;
+}
+
+RecordBar* drawRecord(Slider& element, const Legend& legend, QWidget* parent) {
+  auto* bar = new RecordBar(parent);
+  follow(*bar, element, legend, [bar, &element, legend] {
+    std::vector<RecordBar::Segment> segments;
+    for (std::size_t pointer = 1; pointer < element.pointers(); ++pointer) {
+      segments.push_back({static_cast<int>(pointer), element.pointer(pointer).value,
+                          fromColour(element.pointer(pointer).colour)});
+    }
+    bar->setSegments(std::move(segments), element.on());
+    bar->setAccessibleName(legend.now());
+  });
+  bar->onPress = [&element](MouseButton mouse) {
+    if (mouse == MouseButton::Left) element.click();
+  };
+  return bar;
+}
+
+Swatch* drawSwatch(Slider& record, std::size_t pointer, Label& legend, QWidget* parent) {
+  auto* swatch = new Swatch(static_cast<int>(pointer), parent);
+  const auto drawNow = [swatch, &record, pointer, &legend] {
+    swatch->setColour(fromColour(record.pointer(pointer).colour));
+    swatch->setVisible(legend.visible());
+  };
+  watchWhile(*swatch, record, drawNow);
+  watchWhile(*swatch, legend, drawNow);
+  drawNow();
+  return swatch;
+}
+
+QProgressBar* drawProgress(Slider& element, const Legend& legend, QWidget* parent) {
+  auto* bar = new QProgressBar(parent);
+  follow(*bar, element, legend, [bar, &element, legend] {
+    bar->setRange(static_cast<int>(element.axis().minimum), static_cast<int>(element.axis().maximum));
+    bar->setValue(static_cast<int>(element.value()));
+    bar->setAccessibleName(legend.now());
+  });
+  return bar;
+}
+
+SlideField* drawSlide(Slider& element, const Legend& legend, QWidget* parent) {
+  auto* slide = new SlideField(parent);
+  follow(*slide, element, legend, [slide, &element, legend] {
+    const QSignalBlocker quiet(slide);
+    slide->setRange(static_cast<int>(element.axis().minimum), static_cast<int>(element.axis().maximum));
+    slide->setPageStep(static_cast<int>(element.axis().majorStep));
+    slide->setValue(static_cast<int>(element.value()));
+    slide->setAccessibleName(element.tooltip().empty() ? legend.now() : toQt(element.tooltip()));
+  });
+  QObject::connect(slide, &QSlider::valueChanged, slide, [&element](int value) { element.setValue(value); });
+  return slide;
+}
+
+}  // namespace zephon

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <vector>
+
+#include "screen/button.h"
+#include "screen/combo.h"
+#include "screen/date_edit.h"
+#include "screen/image.h"
+#include "screen/label.h"
+#include "screen/num_edit.h"
+#include "screen/slider.h"
+#include "screen/text_box.h"
+#include "window/state_button.h"
+
+class QLabel;
+class QProgressBar;
+class QWidget;
+
+namespace zephon {
+
+class ChoiceField;
+class DateField;
+class Meter;
+class NumberField;
+class RecordBar;
+class SlideField;
+class Swatch;
+class TextField;
+
+// One drawing function for each kind of element. The widget that it makes carries the element's name, follows
+// its visible and enabled state, tooltip, font size and value for as long as it lives, and passes what the
+// user does to the element's own verbs. The element must outlive the widget.
+//
+// The accessible name is the text that a person sees: the caption, or the legend where the element has none.
+
+// A legend that stands beside a field: fixed, or a label whose caption follows the language.
+struct Legend {
+  Legend(QString fixed) : text(std::move(fixed)) {}  // NOLINT(google-explicit-constructor)
+  Legend(Label& beside) : label(&beside) {}          // NOLINT(google-explicit-constructor)
+  QString text;
+  Label* label = nullptr;
+  QString now() const;
+};
+
+QString toQt(const std::string& text);
+std::string fromQt(const QString& text);
+
+// Runs `watcher` after each change of the element, until `owner` is gone.
+void watchWhile(QObject& owner, Element& element, const std::function<void()>& watcher);
+
+QLabel* draw(Label& element, QWidget* parent);
+QLabel* draw(Image& element, int height, QWidget* parent);
+StateButton* draw(Button& element, const Legend& legend, QWidget* parent,
+                  StateButton::Look look = StateButton::Look::Plain, Glyph glyph = Glyph::None);
+NumberField* draw(NumEdit& element, const Legend& legend, const QString& unit, QWidget* parent);
+DateField* draw(DateEdit& element, const Legend& legend, QWidget* parent);
+TextField* draw(TextBox& element, const Legend& legend, QWidget* parent);
+ChoiceField* draw(Combo& element, const Legend& legend, QWidget* parent);
+
+// A slider is drawn as what it serves for.
+using Marks = std::function<std::vector<double>()>;  // limits to mark on the scale, read at each drawing
+Meter* drawMeter(Slider& element, Label& reading, const Legend& legend, QWidget* parent,
+                 const Marks& marks = {});
+RecordBar* drawRecord(Slider& element, const Legend& legend, QWidget* parent);
+Swatch* drawSwatch(Slider& record, std::size_t pointer, Label& legend, QWidget* parent);
+QProgressBar* drawProgress(Slider& element, const Legend& legend, QWidget* parent);
+SlideField* drawSlide(Slider& element, const Legend& legend, QWidget* parent);
+
+// Text with the element's tooltip and what the window adds to it, on a line each.
+void setTooltip(QWidget& widget, const Element& element, const QString& addition);
+
+}  // namespace zephon

@@ -1,0 +1,59 @@
+#include "window/card.h"
+
+#include <QLabel>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <vector>
+
+#include "screen/element.h"
+#include "window/bindings.h"
+#include "window/colours.h"
+
+namespace zephon {
+
+void paintCard(QPainter& painter, const QRectF& box, const QPalette& palette, bool focused) {
+  constexpr double kRadius = 6;
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(tone(Tone::Card, palette));
+  const QColor edge =
+      focused ? palette.color(QPalette::Active, QPalette::Highlight) : tone(Tone::Line, palette);
+  painter.setPen(QPen(edge, focused ? 2 : 1));
+  const double inset = focused ? 1 : 0.5;
+  painter.drawRoundedRect(box.adjusted(inset, inset, -inset, -inset), kRadius, kRadius);
+  painter.restore();
+}
+
+void showWhileAny(QWidget& widget, std::initializer_list<Element*> elements) {
+  const std::vector<Element*> members(elements);
+  const auto show = [&widget, members] {
+    widget.setVisible(
+        std::any_of(members.begin(), members.end(), [](const Element* member) { return member->visible(); }));
+  };
+  for (Element* member : members) watchWhile(widget, *member, show);
+  show();
+}
+
+Card::Card(const QString& heading, std::initializer_list<Element*> members, QWidget* parent)
+    : QFrame(parent) {
+  setAccessibleName(heading);
+  column_ = new QVBoxLayout(this);
+  column_->setContentsMargins(14, 10, 14, 12);
+  column_->setSpacing(8);
+  if (!heading.isEmpty()) {
+    auto* title = new QLabel(heading, this);
+    QFont bold = title->font();
+    bold.setBold(true);
+    title->setFont(bold);
+    column_->addWidget(title);
+  }
+  if (members.size() > 0) showWhileAny(*this, members);
+}
+
+void Card::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  paintCard(painter, rect(), palette(), false);
+}
+
+}  // namespace zephon

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QFrame>
+#include <initializer_list>
+
+class QPainter;
+class QVBoxLayout;
+
+namespace zephon {
+
+class Element;
+
+// The ground that a group of controls stands on.
+void paintCard(QPainter& painter, const QRectF& box, const QPalette& palette, bool focused);
+
+// The widget is there while any of the elements is visible.
+void showWhileAny(QWidget& widget, std::initializer_list<Element*> elements);
+
+// A named group of controls. It is there while any of `members` is visible; without members it always is.
+class Card : public QFrame {
+ public:
+  Card(const QString& heading, std::initializer_list<Element*> members, QWidget* parent);
+  QVBoxLayout* column() const { return column_; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QVBoxLayout* column_;
+};
+
+}  // namespace zephon

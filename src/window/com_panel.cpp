@@ -1,0 +1,61 @@
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "window/bindings.h"
+#include "window/card.h"
+#include "window/fields.h"
+#include "window/page.h"
+#include "window/panels.h"
+#include "window/words.h"
+
+namespace zephon {
+namespace {
+
+constexpr int kCardWidth = 460;
+
+QWidget* portCard(Main& main, QWidget* parent) {
+  ComElements& page = main.com;
+  auto* card = new Card(words::kComPort, {&page.comNumEdit}, parent);
+  card->setMaximumWidth(kCardWidth);
+
+  auto* used = new QHBoxLayout;
+  used->addWidget(new QLabel(words::kPortInUse, card));
+  used->addWidget(draw(main.frame.COMlbl, card), 1);
+  card->column()->addLayout(used);
+
+  auto* entry = new QHBoxLayout;
+  entry->addWidget(draw(page.comNumEdit, words::kComPort, QString(), card), 1);
+  entry->addWidget(draw(page.saveComBtn, words::kSave, card), 1);
+  card->column()->addLayout(entry);
+
+  card->column()->addWidget(draw(page.detectComBtn, words::kDetectPort, card));
+  card->column()->addWidget(draw(page.configComBtn, words::kConfigurePort, card));
+  return card;
+}
+
+QWidget* languageCard(ComElements& page, QWidget* parent) {
+  auto* card = new Card(QString(), {&page.langCombo}, parent);
+  card->setAccessibleName(words::kLanguage);
+  card->setMaximumWidth(kCardWidth);
+  auto* row = new QHBoxLayout;
+  row->addWidget(draw(page.langLbl, card));
+  row->addWidget(draw(page.langCombo, words::kLanguage, card), 1);
+  card->column()->addLayout(row);
+  return card;
+}
+
+}  // namespace
+
+QWidget* comPanel(Main& main, QWidget* parent) {
+  const ScrolledPage made = scrolledPage(words::kComPort, parent);
+  auto* column = new QVBoxLayout(made.content);
+  column->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
+  column->setSpacing(kPageGap);
+  column->addWidget(portCard(main, made.content));
+  column->addWidget(languageCard(main.com, made.content));
+  column->addStretch(1);
+  return made.page;
+}
+
+}  // namespace zephon

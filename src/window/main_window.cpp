@@ -1,0 +1,82 @@
+#include "window/main_window.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QStackedWidget>
+#include <algorithm>
+#include <utility>
+
+#include "window/bindings.h"
+#include "window/header.h"
+#include "window/page_rail.h"
+#include "window/panels.h"
+#include "window/status_line.h"
+
+namespace zephon {
+namespace {
+
+struct PageDrawing {
+  bool Pages::*flag;
+  QWidget* (*panel)(Main&, QWidget*);
+};
+
+// In the stack's order, behind the start page.
+constexpr PageDrawing kPages[] = {
+    {&Pages::measuring, measurementPanel},
+    {&Pages::scopeOn, scopePanel},
+    {&Pages::chartOn, chartPanel},
+    {&Pages::outletsOn, outletsPanel},
+    {&Pages::dataOn, dataPanel},
+    {&Pages::setupOn, setupPanel},
+    {&Pages::comOn, comPanel},
+};
+
+}  // namespace
+
+MainWindow::MainWindow(Main& main, std::function<void()> closing)
+    : main_(main), closing_(std::move(closing)), pages_(nullptr) {
+  auto* grid = new QGridLayout(this);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(0);
+  grid->addWidget(new PageRail(main.frame, this), 0, 0, 2, 1);
+  grid->addWidget(new Header(main.frame, this), 0, 1);
+  pages_ = new QStackedWidget(this);
+  grid->addWidget(pages_, 1, 1);
+  grid->addWidget(new StatusLine(main.frame, this), 2, 0, 1, 2);
+  grid->setColumnStretch(1, 1);
+  grid->setRowStretch(1, 1);
+
+  pages_->addWidget(startPanel(main, pages_));
+  for (const PageDrawing& page : kPages) pages_->addWidget(page.panel(main, pages_));
+  // The page flags tell nobody of their change, but no page comes or goes without its elements.
+  for (Element* element : main.elements.all()) watchWhile(*this, *element, [this] { showPageSoon(); });
+  showPage();
+
+  const auto entitle = [this] { setWindowTitle(toQt(main_.frame.formCaption.caption())); };
+  watchWhile(*this, main.frame.formCaption, entitle);
+  entitle();
+  resize(1180, 680);
+}
+
+// Once, when the loop turns next: by then the flags and the elements agree.
+void MainWindow::showPageSoon() {
+  if (std::exchange(pageAsked_, true)) return;
+  QMetaObject::invokeMethod(
+      this, [this] { showPage(); }, Qt::QueuedConnection);
+}
+
+void MainWindow::showPage() {
+  pageAsked_ = false;
+  const auto* const open = std::find_if(std::begin(kPages), std::end(kPages),
+                                        [this](const PageDrawing& page) { return main_.pages.*page.flag; });
+  pages_->setCurrentIndex(open == std::end(kPages) ? 0 : static_cast<int>(open - std::begin(kPages)) + 1);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  event->accept();
+  if (std::exchange(closed_, true)) return;
+  main_.ending = true;
+  if (closing_) closing_();
+}
+
+}  // namespace zephon

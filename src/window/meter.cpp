@@ -1,0 +1,223 @@
+#include "window/meter.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
+
+#include "window/card.h"
+#include "window/colours.h"
+#include "window/fitted_text.h"
+
+namespace zephon {
+namespace {
+
+constexpr int kPadding = 14;
+constexpr double kBarHeight = 12;
+constexpr double kMark = 10;
+constexpr double kGap = 10;
+constexpr double kUnitGap = 0.22;  // of the number's size
+constexpr double kSmallestNumber = 12;
+constexpr double kLargestNumber = 54;
+constexpr int kTwoLineHeight = 150;
+constexpr int kMostSteps = 40;
+
+bool isNumber(const QString& text) {
+  return !text.isEmpty() && (text.front().isDigit() || (text.size() > 1 && text.at(1).isDigit()));
+}
+
+// Where a value lies on the axis, 0 to 1; beyond its ends it stands at the end.
+double share(const Slider::Axis& axis, double value) {
+  const double span = axis.maximum - axis.minimum;
+  if (!(span > 0) || std::isnan(value)) return 0;
+  return std::clamp((value - axis.minimum) / span, 0.0, 1.0);
+}
+
+double placeOf(const Slider::Axis& axis, double value, const QRectF& bar) {
+  return bar.left() + share(axis, value) * bar.width();
+}
+
+void triangle(QPainter& painter, const QPointF& tip, double side, double direction) {
+  painter.drawPolygon(QPolygonF(
+      {tip, tip + QPointF(-side / 2, direction * side), tip + QPointF(side / 2, direction * side)}));
+}
+
+QFont scaled(QFont font, double points) {
+  font.setPointSizeF(points);
+  return font;
+}
+
+// The scale's major steps; an axis that can't be divided has its two ends.
+int stepsOf(const Slider::Axis& axis) {
+  const double steps = std::round((axis.maximum - axis.minimum) / axis.majorStep);
+  return steps >= 1 && steps <= kMostSteps ? static_cast<int>(steps) : 1;
+}
+
+double stepAt(const Slider::Axis& axis, int step, int steps) {
+  return axis.minimum + (axis.maximum - axis.minimum) * step / steps;
+}
+
+QString stepText(const Slider::Axis& axis, int step, int steps) {
+  return QString::number(stepAt(axis, step, steps), 'g', 6);
+}
+
+// Every how many steps a number stands, so that none touches the next and both ends have theirs.
+int strideOf(const Slider::Axis& axis, int steps, const QFontMetricsF& metrics, double width) {
+  double widest = 0;
+  for (int step = 0; step <= steps; ++step)
+    widest = std::max(widest, metrics.horizontalAdvance(stepText(axis, step, steps)));
+  for (int stride = 1; stride < steps; ++stride) {
+    // The outermost numbers stand inside the bar, half their width nearer to their neighbours.
+    if (steps % stride == 0 && width * stride / steps >= 1.5 * widest + kGap / 2) return stride;
+  }
+  return steps;
+}
+
+}  // namespace
+
+Meter::Meter(QWidget* parent) : Pressable(parent) {
+  setCheckable(true);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+QSize Meter::minimumSizeHint() const {
+  const int line = fontMetrics().height();
+  return {200, 2 * kPadding + 4 * line + 28};
+}
+
+void Meter::setFace(const Face& face) {
+  if (face == face_) return;
+  face_ = face;
+  showOn(face.on);
+  setAccessibleName(face.title);
+  setAccessibleDescription(face.reading + QStringLiteral(", ") + zoneWord(zone()));
+  update();
+}
+
+Zone Meter::zone() const {
+  if (!face_.on) return Zone::Off;
+  if (!isNumber(face_.reading)) return Zone::Empty;
+  return face_.stale ? Zone::NotLive : face_.zone;
+}
+
+QColor Meter::ink() const {
+  const Zone now = zone();
+  const bool live = now == Zone::Good || now == Zone::Caution || now == Zone::Alarm;
+  return live ? palette().color(QPalette::Active, QPalette::Text) : tone(Tone::Muted, palette());
+}
+
+// The zone's word at the right. Where the title leaves no room for it, the title takes a second line or, in a
+// low meter, the mark stands without the word.
+void Meter::paintHead(QPainter& painter, const QRectF& box) const {
+  const QFontMetricsF metrics(font());
+  QString word = zoneWord(zone());
+  const double titleWidth = metrics.horizontalAdvance(face_.title);
+  const auto zoneWidth = [&] { return zone() == Zone::Empty ? 0 : metrics.horizontalAdvance(word) + kMark + 6; };
+  const bool tight = titleWidth + kGap + zoneWidth() > box.width();
+  const bool twoLines = tight && height() >= kTwoLineHeight;
+  if (tight && !twoLines) word.clear();
+
+  painter.setFont(font());
+  painter.setPen(zoneColour(zone(), palette()));
+  painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, word);
+  const QRectF mark(box.right() - zoneWidth(), box.center().y() - kMark / 2, kMark, kMark);
+  drawZoneMark(painter, mark, zone(), palette());
+  painter.setPen(tone(Tone::Muted, palette()));
+  const QRectF title = box.adjusted(0, 0, -zoneWidth() - kGap, twoLines ? box.height() : 0);
+  drawFitted(painter, title, Qt::AlignLeft | Qt::AlignTop, face_.title, font(), twoLines ? 2 : 1);
+}
+
+// The number as large as the height allows, the unit half as large on the same base line. In a narrow meter
+// the unit gives way first.
+void Meter::paintReading(QPainter& painter, const QRectF& box) const {
+  const bool number = isNumber(face_.reading);
+  const qsizetype cut = number ? face_.reading.indexOf(QLatin1Char(' ')) : -1;
+  const QString digits = number ? face_.reading.left(cut) : QStringLiteral("\u2013");
+  const QString unit = number ? (cut < 0 ? QString() : face_.reading.mid(cut + 1)) : face_.reading;
+  const auto width = [this](const QString& text, double points) {
+    return QFontMetricsF(scaled(font(), points)).horizontalAdvance(text);
+  };
+
+  double large = std::clamp(box.height() * 0.6, kSmallestNumber, kLargestNumber);
+  double small = large * 0.5;
+  const auto fits = [&] { return width(digits, large) + large * kUnitGap + width(unit, small) <= box.width(); };
+  while (!fits() && small > large * 0.28) small -= 0.5;
+  while (!fits() && large > kSmallestNumber) {
+    large -= 0.5;
+    small = std::min(small, large * 0.5);
+  }
+
+  const QFontMetricsF metrics(scaled(font(), large));
+  const double base = box.center().y() + metrics.capHeight() / 2;
+  painter.setPen(ink());
+  painter.setFont(scaled(font(), large));
+  painter.drawText(QPointF(box.left() - large * 0.06, base), digits);
+  painter.setFont(scaled(font(), small));
+  painter.setPen(tone(Tone::Muted, palette()));
+  painter.drawText(QPointF(box.left() + metrics.horizontalAdvance(digits) + large * kUnitGap, base), unit);
+}
+
+// From the scale's zero, where it has one inside, else from its start, to the value. A value beyond the scale
+// points out of its end.
+void Meter::paintBar(QPainter& painter, const QRectF& bar) const {
+  QPainterPath shape;
+  shape.addRoundedRect(bar, 3, 3);
+  painter.setPen(Qt::NoPen);
+  painter.fillPath(shape, tone(Tone::Track, palette()));
+  const Zone now = zone();
+  if (now == Zone::Off || now == Zone::Empty) return;
+
+  const QColor colour = zoneColour(now, palette());
+  const bool crossing = face_.axis.minimum < 0 && face_.axis.maximum > 0;
+  const double from = crossing ? placeOf(face_.axis, 0, bar) : bar.left();
+  const double to = placeOf(face_.axis, face_.value, bar);
+  painter.save();
+  painter.setClipPath(shape);
+  painter.fillRect(QRectF(std::min(from, to), bar.top(), std::abs(to - from), bar.height()),
+                   mixed(tone(Tone::Card, palette()), colour, 0.55));
+  painter.restore();
+  painter.setBrush(colour);
+  const double left = std::clamp(to - 2, bar.left(), bar.right() - 4);
+  painter.drawRoundedRect(QRectF(left, bar.top() - 3, 4, bar.height() + 6), 1.5, 1.5);
+}
+
+void Meter::paintScale(QPainter& painter, const QRectF& bar) const {
+  painter.setPen(QPen(tone(Tone::Muted, palette()), 1));
+  painter.setBrush(tone(Tone::Muted, palette()));
+  const Slider::Axis& axis = face_.axis;
+  for (const double mark : face_.marks) {
+    if (mark < axis.minimum || mark > axis.maximum) continue;
+    triangle(painter, QPointF(placeOf(axis, mark, bar), bar.top() - 4), 6, -1);
+  }
+  const int steps = stepsOf(axis);
+  const QFont small = scaled(font(), font().pointSizeF() * 0.85);
+  const QFontMetricsF metrics(small);
+  painter.setFont(small);
+  const int stride = strideOf(axis, steps, metrics, bar.width());
+  for (int step = 0; step <= steps; ++step) {
+    const double place = placeOf(axis, stepAt(axis, step, steps), bar);
+    painter.drawLine(QPointF(place, bar.bottom() + 4), QPointF(place, bar.bottom() + 7));
+    if (step % stride != 0) continue;
+    const QString number = stepText(axis, step, steps);
+    const double width = metrics.horizontalAdvance(number);
+    const double left = std::clamp(place - width / 2, bar.left(), bar.right() - width);
+    painter.drawText(QPointF(left, bar.bottom() + 7 + metrics.ascent()), number);
+  }
+}
+
+void Meter::paintEvent(QPaintEvent* /*event*/) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  paintCard(painter, rect(), palette(), showsRing());
+  const QRectF box = QRectF(rect()).adjusted(kPadding, 10, -kPadding, -8);
+  const double line = QFontMetricsF(font()).height();
+  const QRectF head(box.left(), box.top(), box.width(), line);
+  const QRectF bar(box.left(), box.bottom() - line - 6 - kBarHeight, box.width(), kBarHeight);
+  paintHead(painter, head);
+  paintReading(painter, QRectF(box.left(), head.bottom(), box.width(), bar.top() - 8 - head.bottom()));
+  paintBar(painter, bar);
+  paintScale(painter, bar);
+}
+
+}  // namespace zephon

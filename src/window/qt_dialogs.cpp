@@ -1,0 +1,110 @@
+#include "window/qt_dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <algorithm>
+
+#include "window/bindings.h"
+
+namespace zephon {
+namespace {
+
+QString titleOf(const QWidget* window) {
+  return window ? window->windowTitle() : QApplication::applicationDisplayName();
+}
+
+QStringList filtersOf(const FileQuestion& question) {
+  QStringList names;
+  for (const FileFilter& filter : question.filters) names.append(toQt(filter.name));
+  return names;
+}
+
+// The extension of the filter that stands chosen goes on a name that has none.
+void followFilter(QFileDialog& dialog, const FileQuestion& question) {
+  const auto chosen = std::find_if(
+      question.filters.begin(), question.filters.end(),
+      [&](const FileFilter& filter) { return toQt(filter.name) == dialog.selectedNameFilter(); });
+  if (chosen != question.filters.end()) dialog.setDefaultSuffix(toQt(chosen->extension));
+}
+
+}  // namespace
+
+void QtDialogs::close() {
+  closed_ = true;
+  for (QWidget* widget : QApplication::topLevelWidgets()) {
+    if (auto* dialog = qobject_cast<QDialog*>(widget)) dialog->reject();
+  }
+}
+
+int QtDialogs::run(QDialog& dialog) {
+  return closed_ ? static_cast<int>(QDialog::Rejected) : dialog.exec();
+}
+
+void QtDialogs::message(const std::string& text, const std::string& advice) {
+  QMessageBox box(QMessageBox::Warning, titleOf(window_), toQt(text), QMessageBox::Ok, window_);
+  box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(toQt(advice));
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  run(box);
+}
+
+bool QtDialogs::yesNo(const std::string& question) {
+  QMessageBox box(QMessageBox::Question, titleOf(window_), toQt(question), QMessageBox::Yes | QMessageBox::No,
+                  window_);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(QMessageBox::No);
+  return run(box) == QMessageBox::Yes;
+}
+
+bool QtDialogs::okCancel(const std::string& question, const std::string& title) {
+  QMessageBox box(QMessageBox::Question, toQt(title), toQt(question), QMessageBox::Ok | QMessageBox::Cancel,
+                  window_);
+  box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(QMessageBox::Cancel);
+  return run(box) == QMessageBox::Ok;
+}
+
+std::optional<std::string> QtDialogs::prompt(const std::string& title, const std::string& text,
+                                             const std::string& answer) {
+  QInputDialog dialog(window_);
+  dialog.setWindowTitle(toQt(title));
+  dialog.setLabelText(toQt(text));
+  dialog.setTextValue(toQt(answer));
+  if (run(dialog) != QDialog::Accepted) return std::nullopt;
+  return fromQt(dialog.textValue());
+}
+
+std::optional<std::string> QtDialogs::runFile(QFileDialog& dialog, const FileQuestion& question) {
+  dialog.setNameFilters(filtersOf(question));
+  dialog.setDirectory(folder_.isEmpty() ? toQt(question.folder) : folder_);
+  if (!question.name.empty()) dialog.selectFile(toQt(question.name));
+  if (run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const QString path = dialog.selectedFiles().constFirst();
+  folder_ = QFileInfo(path).absolutePath();
+  return fromQt(path);
+}
+
+std::optional<std::string> QtDialogs::openFile(const FileQuestion& question) {
+  QFileDialog dialog(window_);
+  dialog.setAcceptMode(QFileDialog::AcceptOpen);
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  return runFile(dialog, question);
+}
+
+// Whoever writes the file asks about one that stands there, so the dialog does not.
+std::optional<std::string> QtDialogs::saveFile(const FileQuestion& question) {
+  QFileDialog dialog(window_);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite);
+  const auto follow = [&] { followFilter(dialog, question); };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
+  if (!question.filters.empty()) dialog.setDefaultSuffix(toQt(question.filters.front().extension));
+  return runFile(dialog, question);
+}
+
+}  // namespace zephon

@@ -1,0 +1,65 @@
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "window/bindings.h"
+#include "window/card.h"
+#include "window/page.h"
+#include "window/panels.h"
+#include "window/words.h"
+
+namespace zephon {
+namespace {
+
+void addPair(QVBoxLayout& column, QWidget* left, QWidget* right) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(6);
+  row->addWidget(left, 1);
+  row->addWidget(right, 1);
+  column.addLayout(row);
+}
+
+void addChannel(Card& card, Button& toggle, const QString& legend, Button& up, Button& down) {
+  constexpr auto kPlain = StateButton::Look::Plain;
+  card.column()->addWidget(draw(toggle, legend, &card));
+  addPair(*card.column(), draw(up, words::kMorePerDivision, &card, kPlain, Glyph::Up),
+          draw(down, words::kLessPerDivision, &card, kPlain, Glyph::Down));
+}
+
+QWidget* channelsCard(ScopeElements& page, QWidget* parent) {
+  auto* card = new Card(words::kChannels, {&page.CH1togBtn}, parent);
+  card->column()->setSpacing(6);
+  addChannel(*card, page.CH1togBtn, words::kChannel1, page.p1upBtn, page.p1downBtn);
+  addChannel(*card, page.CH2togBtn, words::kChannel2, page.p2upBtn, page.p2downBtn);
+  addChannel(*card, page.CH3togBtn, words::kChannel3, page.p3upBtn, page.p3downBtn);
+  return card;
+}
+
+QWidget* timeCard(ScopeElements& page, QWidget* parent) {
+  constexpr auto kPlain = StateButton::Look::Plain;
+  auto* card = new Card(words::kTime, {&page.XinBtn, &page.XoutBtn, &page.xTimeLbl}, parent);
+  card->column()->addWidget(draw(page.xTimeLbl, card));
+  addPair(*card->column(), draw(page.XinBtn, words::kZoomIn, card, kPlain, Glyph::ZoomIn),
+          draw(page.XoutBtn, words::kZoomOut, card, kPlain, Glyph::ZoomOut));
+  return card;
+}
+
+QWidget* triggerCard(ScopeElements& page, QWidget* parent) {
+  auto* card = new Card(words::kTrigger, {&page.oneShotVbtn, &page.oneShotAbtn, &page.holdBtn}, parent);
+  card->column()->addWidget(draw(page.oneShotVbtn, words::kOneShotVolts, card));
+  card->column()->addWidget(draw(page.oneShotAbtn, words::kOneShotAmps, card));
+  card->column()->addWidget(draw(page.holdBtn, words::kHold, card));
+  return card;
+}
+
+}  // namespace
+
+QWidget* scopePanel(Main& main, QWidget* parent) {
+  const GraphPage made = graphPage(words::kScope, parent);
+  made.column->addWidget(channelsCard(main.scope, made.controls));
+  made.column->addWidget(timeCard(main.scope, made.controls));
+  made.column->addWidget(triggerCard(main.scope, made.controls));
+  return made.page;
+}
+
+}  // namespace zephon

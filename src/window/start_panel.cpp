@@ -1,0 +1,54 @@
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "window/page.h"
+#include "window/panels.h"
+#include "window/words.h"
+
+namespace zephon {
+namespace {
+
+constexpr int kTextWidth = 520;
+
+void addStep(QVBoxLayout& column, int number, const QString& text, QWidget* parent) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(14);
+  auto* mark = new QLabel(QString::number(number), parent);
+  QFont bold = mark->font();
+  bold.setBold(true);
+  mark->setFont(bold);
+  row->addWidget(mark, 0, Qt::AlignTop);
+  auto* words = new QLabel(text, parent);
+  words->setWordWrap(true);
+  row->addWidget(words, 1);
+  column.addLayout(row);
+}
+
+}  // namespace
+
+QWidget* startPanel(Main& /*main*/, QWidget* parent) {
+  const ScrolledPage made = scrolledPage(words::kStart, parent);
+  auto* across = new QHBoxLayout(made.content);
+  auto* text = new QWidget(made.content);
+  text->setMaximumWidth(kTextWidth);
+  auto* column = new QVBoxLayout(text);
+  column->setSpacing(12);
+  auto* title = new QLabel(words::kStartTitle, text);
+  QFont large = title->font();
+  large.setPointSizeF(large.pointSizeF() * 1.6);
+  title->setFont(large);
+  title->setWordWrap(true);
+  column->addStretch(2);
+  column->addWidget(title);
+  addStep(*column, 1, words::kStartPort, text);
+  addStep(*column, 2, words::kStartPage, text);
+  addStep(*column, 3, words::kStartData, text);
+  column->addStretch(3);
+  across->addStretch(1);
+  across->addWidget(text, 4);
+  across->addStretch(1);
+  return made.page;
+}
+
+}  // namespace zephon

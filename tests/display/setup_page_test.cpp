@@ -1,0 +1,295 @@
+#include "display/setup_page.h"
+
+#include <gtest/gtest.h>
+
+#include "display/setup_controls.h"
+#include "protocol/limit_editors.h"
+#include "support/bench.h"
+#include "text/calendar.h"
+#include "text/date_picture.h"
+
+namespace zephon {
+namespace {
+
+using simulator::FaultKind;
+using simulator::Line;
+using simulator::makeProfile;
+using testing_support::World;
+using Commands = std::vector<std::string>;
+
+class Setup : public World {
+ public:
+  explicit Setup(const simulator::Profile& profile = {}) : World(profile) {
+    wireSetupPage(main, {[this] {
+                    ++lost;
+                    stay(Page::None);
+                  }});
+    stay(Page::Setup);
+    for (Element* element : main.elements.all()) element->setVisible(true);
+    s.YorCTbutton.setVisible(profile.rating == 240 && profile.line == Line::Tessara);
+    if (profile.line == Line::Tessara) {
+      for (Button* button :
+           {&s.startInternalCMbtn, &s.enableGndBtn, &s.enableOLcoBtn, &s.enablePowerFailHoldBtn}) {
+        button->setVisible(false);
+      }
+    }
+  }
+  bool controlsEnabled(bool on) const {
+    for (const Element* element : std::initializer_list<const Element*>{
+             &s.updateLimsBtn, &s.updateIDBtn, &s.setTimeBtn, &s.setTimeAutoBtn, &s.timeNumEdit,
+             &s.enableAutoTXbtn, &s.startInternalCMbtn, &s.enableGndBtn, &s.enableOLcoBtn,
+             &s.enablePowerFailHoldBtn}) {
+      if (element->enabled() != on) return false;
+    }
+    return true;
+  }
+  const std::string& text(std::size_t key) const { return main.dict[key]; }
+  std::string clockShown() const { return formatDate(s.timeNumEdit.value(), "mm/dd/yy hh:nn:ss"); }
+  simulator::Device& unit() { return device.device(); }
+
+  SetupElements& s = main.setup;
+  int lost = 0;
+};
+
+TEST(ReadSetupPage, AsksInOrder) {
+  Setup first;
+  EXPECT_TRUE(readSetupPage(first.main));
+  EXPECT_EQ(first.commands(),
+            (Commands{"gH", "gI", "gJ", "gM", "gL", "gK", "gZ", "gR", "gY", "ga", "gb", "gg", "gh", "g^"}));
+  EXPECT_TRUE(first.controlsEnabled(true));
+  EXPECT_EQ(first.clockShown(), "03/05/24 09:30:00");
+  Setup older;
+  older.s.enableOLcoBtn.setVisible(false);
+  older.s.enableAutoTXbtn.setVisible(false);
+  EXPECT_TRUE(readSetupPage(older.main));
+  EXPECT_EQ(older.commands().back(), "gh");
+  EXPECT_EQ(older.commands().size(), 12U);
+  Setup second(makeProfile(Line::Tessara));
+  EXPECT_TRUE(readSetupPage(second.main));
+  EXPECT_EQ(second.commands(), (Commands{"+", "t", "j"}));
+}
+
+TEST(ReadSetupPage, HoldsItsControlsMeanwhile) {
+  Setup setup;
+  setup.device.addFault({.kind = FaultKind::Late, .amount = 100, .only = "gg"});
+  setup.s.enableGndBtn.onChange = [&](bool) { FAIL() << "pressed in the middle of the first reads"; };
+  setup.unit().switches.groundDetection = false;
+  setup.later(60, [&] {
+    EXPECT_TRUE(setup.controlsEnabled(false));
+    setup.s.enableGndBtn.click();
+  });
+  EXPECT_TRUE(readSetupPage(setup.main));
+  EXPECT_GT(setup.nowMs(), 60);
+}
+
+TEST(ReadSetupPage, EndsAtTheFirstFailureWithItsControlsFree) {
+  for (const char* command : {"gK", "gR", "gY", "ga", "gh", "g^"}) {
+    Setup setup;
+    setup.device.addFault({.kind = FaultKind::Silent, .only = command});
+    EXPECT_FALSE(readSetupPage(setup.main)) << command;
+    EXPECT_EQ(setup.commands().back(), command);
+    EXPECT_TRUE(setup.controlsEnabled(true)) << command;
+  }
+  Setup left;
+  left.later(1, [&] { left.stay(Page::None); });
+  EXPECT_FALSE(readSetupPage(left.main));
+  EXPECT_TRUE(left.controlsEnabled(true));
+}
+
+TEST(SetupPage, LimitsAreWrittenReadBackAndNoted) {
+  Setup setup;
+  ASSERT_TRUE(readSetupPage(setup.main));
+  setup.s.OVcoNumEdit.edit(143);
+  setup.s.UVrsNumEdit.edit(110);
+  setup.device.clearLog();
+  std::string during;
+  setup.later(400, [&] {
+    during = setup.s.updateLimsBtn.caption();
+    EXPECT_TRUE(setup.controlsEnabled(false));
+  });
+  setup.s.updateLimsBtn.click();
+  EXPECT_EQ(during, setup.text(100));
+  EXPECT_EQ(setup.unit().registers.ovco, 143);
+  EXPECT_EQ(setup.unit().registers.ovrs, 140);
+  EXPECT_EQ(setup.commands().size(), 14U);
+  EXPECT_EQ(setup.s.updateLimsBtn.caption(), setup.text(31));
+  EXPECT_TRUE(setup.controlsEnabled(false));
+  setup.run(1100);
+  EXPECT_EQ(setup.s.updateLimsBtn.caption(), setup.text(32));
+  EXPECT_TRUE(setup.controlsEnabled(true));
+  EXPECT_FALSE(setup.main.timers.Timer2.enabled());
+  EXPECT_EQ(setup.lost, 0);
+}
+
+TEST(SetupPage, ARefusedLimitComesBackChanged) {
+  Setup setup;
+  ASSERT_TRUE(readSetupPage(setup.main));
+  setup.s.OVreNumEdit.edit(150);
+  setup.device.addFault({.kind = FaultKind::Refuse, .only = "s8"});
+  setup.s.updateLimsBtn.click();
+  EXPECT_EQ(setup.s.OVreNumEdit.value(), 145);
+  EXPECT_EQ(setup.s.updateLimsBtn.caption(), setup.text(31));
+  EXPECT_EQ(setup.lost, 0);
+}
+
+TEST(SetupPage, DefaultsGoToTheDeviceOnlyWithUpdate) {
+  Setup setup(makeProfile(Line::Tessara, 120));
+  setup.unit().image.poke(254, 0x88);
+  setup.unit().image.poke(255, 0x88);
+  ASSERT_TRUE(readSetupPage(setup.main));
+  setup.line.forgetWritten();
+  setup.s.defaultBtn.click();
+  EXPECT_TRUE(setup.writes().empty());
+  setup.s.updateLimsBtn.click();
+  EXPECT_EQ(setup.unit().image.at(254), 0x00);
+  EXPECT_EQ(setup.unit().image.at(255), 0x01);
+  EXPECT_EQ(editorValues(setup.s), (LimitValues{150, 135, 140, 105, 100, 0, 0}));
+}
+
+TEST(SetupPage, NameAndClock) {
+  Setup setup;
+  setup.s.userIDtxt.type("PRESS 7");
+  setup.s.updateIDBtn.click();
+  EXPECT_EQ(setup.unit().userId, "   PRESS 7");
+  EXPECT_EQ(setup.s.updateIDBtn.caption(), setup.text(31));
+  setup.run(1100);
+  EXPECT_EQ(setup.s.updateIDBtn.caption(), setup.text(33));
+
+  setup.s.timeNumEdit.edit(dateValue({2018, 12, 31, 18, 59, 58}));
+  setup.s.setTimeBtn.click();
+  EXPECT_EQ(setup.s.setTimeBtn.caption(), setup.text(31));
+  EXPECT_EQ(setup.s.setTimeAutoBtn.caption(), setup.text(35));
+  EXPECT_EQ(setup.clockShown(), "12/31/18 18:59:58");
+  setup.run(3010);
+  EXPECT_EQ(setup.clockShown(), "12/31/18 19:00:01");
+  setup.s.timeNumEdit.beginEdit();
+  setup.run(3000);
+  EXPECT_EQ(setup.clockShown(), "12/31/18 19:00:01") << "it stands still while it is edited";
+
+  setup.s.setTimeAutoBtn.click();
+  EXPECT_NEAR(static_cast<double>(setup.unit().clock()),
+              static_cast<double>(kUnixStart) + setup.nowMs() / 1000, 1.0);
+  EXPECT_EQ(setup.s.setTimeAutoBtn.caption(), setup.text(31));
+  EXPECT_EQ(setup.lost, 0);
+}
+
+TEST(SetupPage, OptionsAreTurnedAndReadBack) {
+  using S = simulator::Switches;
+  const struct {
+    Button SetupElements::*button;
+    bool S::*state;
+    const char* write;
+    const char* read;
+  } cases[] = {
+      {&SetupElements::enableAutoTXbtn, &S::autoTransmit, "sCY", "g^"},
+      {&SetupElements::enableGndBtn, &S::groundDetection, "sFN", "gb"},
+      {&SetupElements::enableOLcoBtn, &S::overloadShutdown, "sHY", "gg"},
+      {&SetupElements::enablePowerFailHoldBtn, &S::powerFailHold, "sJY", "gh"},
+  };
+  for (const auto& c : cases) {
+    Setup setup;
+    ASSERT_TRUE(readSetupPage(setup.main));
+    setup.device.clearLog();
+    const bool before = setup.unit().switches.*c.state;
+    (setup.s.*c.button).click();
+    EXPECT_EQ(setup.commands(), (Commands{c.write, c.read}));
+    EXPECT_EQ(setup.unit().switches.*c.state, !before);
+    EXPECT_EQ((setup.s.*c.button).value(), !before);
+    EXPECT_TRUE(setup.controlsEnabled(true));
+  }
+}
+
+TEST(SetupPage, TheChartMemoryStartsAndCannotBeStopped) {
+  Setup setup;
+  ASSERT_TRUE(readSetupPage(setup.main));
+  setup.s.startInternalCMbtn.click();
+  EXPECT_TRUE(setup.unit().switches.chartMemory);
+  EXPECT_EQ(setup.s.startInternalCMbtn.caption(), setup.text(31));
+  EXPECT_TRUE(setup.controlsEnabled(false));
+  setup.run(1100);
+  EXPECT_EQ(setup.s.startInternalCMbtn.caption(), setup.text(96));
+  setup.device.clearLog();
+  setup.s.startInternalCMbtn.click();
+  EXPECT_EQ(setup.commands(), Commands{"ga"});
+  EXPECT_TRUE(setup.s.startInternalCMbtn.value());
+  EXPECT_TRUE(setup.controlsEnabled(true));
+}
+
+TEST(SetupPage, Wiring) {
+  simulator::Profile profile = makeProfile(Line::Tessara, 240);
+  profile.firmware = "1*14";
+  Setup setup(profile);
+  setup.unit().centreTapped = true;
+  setup.s.YorCTbutton.click();
+  EXPECT_FALSE(setup.unit().centreTapped);
+  EXPECT_TRUE(setup.s.YorCTbutton.value() && setup.s.YorCTbutton.enabled());
+  setup.s.YorCTbutton.click();
+  EXPECT_TRUE(setup.unit().centreTapped);
+  EXPECT_TRUE(setup.main.link.yOrCTflag);
+  setup.device.cutLine();
+  setup.s.YorCTbutton.click();
+  EXPECT_EQ(setup.lost, 1);
+  EXPECT_TRUE(setup.controlsEnabled(true));
+}
+
+// Every write that fails: a lost link while the page is wanted, silence once it was left; the controls are
+// free and say what they do either way.
+TEST(SetupPage, FailureExits) {
+  const struct {
+    Button SetupElements::*button;
+    const char* command;
+    FaultKind kind;
+  } cases[] = {
+      {&SetupElements::updateLimsBtn, "gM", FaultKind::Silent},
+      {&SetupElements::updateIDBtn, "s:", FaultKind::Refuse},
+      {&SetupElements::updateIDBtn, "gP", FaultKind::Short},
+      {&SetupElements::setTimeBtn, "s;", FaultKind::Silent},
+      {&SetupElements::setTimeAutoBtn, "gR", FaultKind::Cut},
+      {&SetupElements::enableAutoTXbtn, "sC", FaultKind::Refuse},
+      {&SetupElements::enableGndBtn, "gb", FaultKind::Silent},
+      {&SetupElements::enableOLcoBtn, "gg", FaultKind::Garbage},
+      {&SetupElements::startInternalCMbtn, "sE", FaultKind::Refuse},
+  };
+  for (const auto& c : cases) {
+    for (const bool left : {false, true}) {
+      Setup setup;
+      ASSERT_TRUE(readSetupPage(setup.main));
+      setup.device.addFault({.kind = c.kind, .only = c.command});
+      if (left) setup.later(30, [&] { setup.stay(Page::None); });
+      (setup.s.*c.button).click();
+      EXPECT_EQ(setup.lost, left ? 0 : 1) << c.command;
+      EXPECT_TRUE(setup.controlsEnabled(true)) << c.command;
+      EXPECT_FALSE(setup.main.timers.Timer2.enabled()) << c.command;
+      EXPECT_EQ(setup.s.updateLimsBtn.caption(), setup.text(32));
+      EXPECT_EQ(setup.s.updateIDBtn.caption(), setup.text(33));
+      EXPECT_EQ(setup.s.setTimeBtn.caption(), setup.text(34));
+      EXPECT_EQ(setup.s.setTimeAutoBtn.caption(), setup.text(35));
+    }
+  }
+}
+
+TEST(SetupPage, ANoteThatOutlivesTheLinkLeavesTheControlsHeldForTheNextVisit) {
+  Setup setup;
+  ASSERT_TRUE(readSetupPage(setup.main));
+  setup.s.updateIDBtn.click();
+  setup.main.link.connected = false;
+  setup.run(1100);
+  EXPECT_EQ(setup.s.updateIDBtn.caption(), setup.text(33));
+  EXPECT_TRUE(setup.controlsEnabled(false));
+  setup.main.link.connected = true;
+  ASSERT_TRUE(readSetupPage(setup.main));
+  EXPECT_TRUE(setup.controlsEnabled(true));
+}
+
+TEST(SetupPage, AProgramThatEndsInAWriteEndsAtOnce) {
+  Setup setup;
+  ASSERT_TRUE(readSetupPage(setup.main));
+  const double start = setup.nowMs();
+  setup.later(60, [&] { setup.main.ending = true; });
+  setup.s.updateLimsBtn.click();
+  EXPECT_LT(setup.nowMs() - start, 200);
+  EXPECT_EQ(setup.lost, 0);
+}
+
+}  // namespace
+}  // namespace zephon

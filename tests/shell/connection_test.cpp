@@ -1,0 +1,181 @@
+#include "shell/connection.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/tool.h"
+#include "shell/visit.h"
+
+namespace zephon {
+namespace {
+
+using simulator::Fault;
+using simulator::FaultKind;
+using simulator::Line;
+using simulator::makeProfile;
+using testing_support::Tool;
+
+TEST(Start, TheWordExpertEndsTheProgramInAnyLetters) {
+  for (const char* word : {"expert", "EXPERT", "Expert"}) {
+    Tool tool;
+    EXPECT_EQ(formLoad(tool.main, word), Started::Ended);
+    EXPECT_TRUE(tool.dialogs.shown().empty());
+  }
+  Tool tool;
+  EXPECT_EQ(formLoad(tool.main, "expert "), Started::Export);
+  EXPECT_EQ(formLoad(tool.main, "-m"), Started::Export);
+}
+
+struct Found {
+  Line line;
+  int rating;
+  const char* firmware;
+  std::int16_t assumed;
+  std::int16_t nominal;
+  bool asksForWiring;
+};
+
+class Connect : public ::testing::TestWithParam<Found> {};
+
+TEST_P(Connect, TellsTheLineByTheAnswer) {
+  const Found& found = GetParam();
+  simulator::Profile profile = makeProfile(found.line, found.rating);
+  profile.firmware = found.firmware;
+  Tool tool(profile);
+  tool.main.link.modelLine = found.assumed;
+  ASSERT_TRUE(connectSub(tool.main));
+  EXPECT_TRUE(tool.main.link.connected);
+  EXPECT_EQ(tool.main.link.modelLine, found.line == Line::Tessara ? 1 : 0);
+  EXPECT_EQ(tool.main.link.nominalVolts, found.nominal);
+  EXPECT_EQ(tool.main.link.ratedVolts, found.nominal);
+  EXPECT_EQ(tool.main.link.firmwareVersion, profile.version());
+  EXPECT_EQ(tool.main.link.chipID, found.line == Line::Tessara ? "2B.81.E6" : "4C.5A.17");
+  EXPECT_FALSE(tool.main.frame.comBtn.visible());
+  EXPECT_TRUE(tool.dialogs.shown().empty());
+  bool asked = false;
+  for (const auto& heard : tool.device.heard()) asked = asked || heard.command == "g";
+  EXPECT_EQ(asked, found.asksForWiring);
+  disconnectSub(tool.main);
+  EXPECT_TRUE(tool.idle());
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, Connect,
+                         ::testing::Values(Found{Line::Orvantis, 120, "1KD1", 0, 120, false},
+                                           Found{Line::Orvantis, 240, "1KD1", 0, 240, false},
+                                           Found{Line::Orvantis, 120, "1GB0", 1, 120, false},
+                                           Found{Line::Tessara, 120, "2.00", 0, 120, false},
+                                           Found{Line::Tessara, 120, "2.00", 1, 120, false},
+                                           Found{Line::Tessara, 240, "1*14", 0, 240, true},
+                                           Found{Line::Tessara, 240, "1*13", 0, 240, false}));
+
+class Pages : public ::testing::Test {
+ protected:
+  // How often the user was told that the link is lost.
+  int lostTold() const {
+    int count = 0;
+    for (const auto& text : tool.dialogs.texts()) count += text == tool.main.dict[46];
+    return count;
+  }
+  Tool tool;
+  FrameElements& f = tool.main.frame;
+};
+
+TEST_F(Pages, ADeadLineIsToldOnceAndTheNextPressConnectsAfresh) {
+  tool.device.cutLine();
+  tool.press(f.measBtn);
+  EXPECT_EQ(lostTold(), 1);
+  EXPECT_FALSE(f.measBtn.value());
+  EXPECT_EQ(tool.main.link.modelLine, 1);  // the line tried last
+  EXPECT_TRUE(tool.idle());
+  tool.device.restoreLine();
+  tool.press(f.measBtn);
+  EXPECT_TRUE(tool.main.pages.measuring);
+  EXPECT_EQ(lostTold(), 1);
+}
+
+TEST_F(Pages, APortThatCantBeOpenedIsToldInTheSystemsWords) {
+  tool.line.detach(1);
+  tool.press(f.setupBtn);
+  ASSERT_EQ(tool.dialogs.texts().size(), 1U);
+  EXPECT_EQ(tool.dialogs.texts()[0],
+            "COM Error: Error (2): CommOpen (CreateFile) - No such file or directory");
+  EXPECT_TRUE(tool.idle());
+  EXPECT_NE(f.linkLbl.caption().find("No such file"), std::string::npos);
+  tool.dialogs.forget();
+  tool.press(f.dataBtn);  // files can be opened without a device
+  EXPECT_TRUE(tool.main.pages.dataOn);
+  EXPECT_TRUE(tool.dialogs.shown().empty());
+  tool.line.attach(&tool.device, 1);
+  tool.press(f.measBtn);
+  EXPECT_TRUE(tool.main.pages.measuring);
+  EXPECT_TRUE(tool.dialogs.shown().empty());
+}
+
+TEST_F(Pages, TheLastPageSwitchedOffEndsTheConnection) {
+  tool.press(f.measBtn);
+  tool.press(f.setupBtn);
+  EXPECT_FALSE(f.measBtn.value());
+  EXPECT_TRUE(tool.main.link.connected);
+  tool.press(f.outletsBtn);
+  EXPECT_EQ(tool.line.opens(), 1);
+  tool.press(f.outletsBtn);
+  EXPECT_TRUE(tool.idle());
+  EXPECT_TRUE(f.comBtn.visible());
+  EXPECT_TRUE(tool.dialogs.shown().empty());
+}
+
+TEST_F(Pages, ThreeFailedPassesAreForgivenTheFourthIsALostLink) {
+  tool.press(f.measBtn);
+  tool.run(1000);
+  tool.device.addFault({.kind = FaultKind::Silent, .only = "g4", .commands = 3});
+  tool.run(2000);
+  EXPECT_TRUE(tool.main.pages.measuring);
+  EXPECT_EQ(lostTold(), 0);
+  tool.device.addFault({.kind = FaultKind::Silent, .only = "g4", .commands = 4});
+  tool.run(2000);
+  EXPECT_FALSE(f.measBtn.value());
+  EXPECT_EQ(lostTold(), 1);
+  EXPECT_TRUE(tool.idle());
+}
+
+// Whatever is pressed at whatever moment of an opening page: nothing is told, nothing is left over, and no
+// call meets a port that is not open.
+TEST_F(Pages, LeavingAPageInTheMiddleOfAnythingIsNotALostLink) {
+  Button* const pages[] = {&f.measBtn, &f.setupBtn, &f.outletsBtn, &f.dataBtn};
+  for (Button* from : pages) {
+    for (Button* to : {from, static_cast<Button*>(&f.measBtn), static_cast<Button*>(&f.setupBtn),
+                       static_cast<Button*>(&f.comBtn)}) {
+      for (double moment = 0.05; moment < 1500; moment *= 1.7) {
+        tool.later(moment, [to] { to->click(); });
+        tool.press(*from);
+        tool.run(3000);
+        for (Button* page : pages) page->setValue(false);
+        f.comBtn.setValue(false);
+        tool.run(3000);
+        ASSERT_TRUE(tool.idle()) << from->name() << " " << to->name() << " " << moment;
+        ASSERT_TRUE(tool.dialogs.shown().empty()) << from->name() << " " << to->name() << " " << moment;
+      }
+    }
+  }
+  EXPECT_EQ(tool.line.strayCalls(), 0);
+}
+
+TEST(Closing, EndsFromTheMiddleOfAnythingWithinASecond) {
+  for (double moment = 0.05; moment < 3000; moment *= 1.9) {
+    Tool tool(makeProfile(Line::Tessara));
+    double closed = 0;
+    tool.later(moment, [&] {
+      closed = tool.nowMs();
+      formUnload(tool.main);
+    });
+    tool.press(tool.main.frame.measBtn);
+    tool.run(5000);
+    EXPECT_TRUE(tool.dialogs.shown().empty()) << moment;
+    EXPECT_FALSE(tool.port().open) << moment;
+    EXPECT_FALSE(tool.main.exchange.Timer1.enabled()) << moment;
+    for (const auto& heard : tool.line.written())
+      EXPECT_LE(Millis(heard.at).count(), closed + 1000) << moment;
+  }
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,112 @@
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "shell/tool.h"
+
+// A user who presses anything at any time, on a line where anything can go wrong. Nothing may crash, no
+// message may come but for a fault that was there, and in the end everything is quiet.
+
+namespace zephon {
+namespace {
+
+using simulator::Fault;
+using simulator::FaultKind;
+using simulator::Line;
+using simulator::makeProfile;
+using testing_support::Tool;
+
+class Monkey {
+ public:
+  Monkey(Tool& tool, unsigned seed) : tool_(tool), random_(seed) {}
+
+  void act() {
+    const auto& elements = tool_.main.elements.all();
+    Element& element = *elements[below(elements.size())];
+    if (auto* button = dynamic_cast<Button*>(&element)) button->click(mouse());
+    if (auto* slider = dynamic_cast<Slider*>(&element)) slider->click();
+    if (auto* edit = dynamic_cast<NumEdit*>(&element)) edit->edit(static_cast<double>(below(320)));
+    if (auto* date = dynamic_cast<DateEdit*>(&element)) date->edit(43000 + static_cast<double>(below(5000)));
+    if (auto* text = dynamic_cast<TextBox*>(&element)) type(*text);
+    if (auto* list = dynamic_cast<Combo*>(&element))
+      list->choose(static_cast<int>(below(list->items().size() + 1)) - 1);
+  }
+
+  double pause() {
+    return below(4) == 0 ? static_cast<double>(below(4000)) : static_cast<double>(below(120));
+  }
+
+  Fault fault() {
+    constexpr FaultKind kinds[] = {FaultKind::Silent,  FaultKind::Short,  FaultKind::Stray,
+                                   FaultKind::Late,    FaultKind::Refuse, FaultKind::Cut,
+                                   FaultKind::Garbage, FaultKind::Doubled};
+    return {.kind = kinds[below(std::size(kinds))], .commands = 1 + static_cast<int>(below(6))};
+  }
+
+  std::size_t below(std::size_t bound) {
+    return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random_);
+  }
+
+ private:
+  MouseButton mouse() { return below(5) == 0 ? MouseButton::Right : MouseButton::Left; }
+  void type(TextBox& text) {
+    text.click();
+    text.type(std::string(below(12), static_cast<char>('!' + below(90))));
+  }
+
+  Tool& tool_;
+  std::mt19937 random_;
+};
+
+// Actions arrive as timed calls, so they strike inside exchanges, pauses and message boxes.
+void schedule(Tool& tool, Monkey& monkey, int actions, bool faults) {
+  if (actions == 0) return;
+  tool.later(monkey.pause(), [&tool, &monkey, actions, faults] {
+    schedule(tool, monkey, actions - 1, faults);  // first the next one: this one may take long
+    if (faults && monkey.below(25) == 0) tool.device.addFault(monkey.fault());
+    if (faults && monkey.below(25) == 0) tool.device.clearFaults();
+    monkey.act();
+  });
+}
+
+struct Round {
+  Line line;
+  int rating;
+  bool faults;
+};
+
+class MonkeyTest : public ::testing::TestWithParam<Round> {};
+
+TEST_P(MonkeyTest, NothingIsAmissAfterTenThousandActions) {
+  simulator::Options options;
+  options.seed = 7;
+  Tool tool(makeProfile(GetParam().line, GetParam().rating), options);
+  Monkey monkey(tool, 20240305);
+  schedule(tool, monkey, 10'000, GetParam().faults);
+  tool.run(4 * 3600 * 1000.0);
+  if (!GetParam().faults) {
+    for (const std::string& text : tool.dialogs.texts()) EXPECT_NE(text, tool.main.dict[46]);
+  }
+  tool.device.clearFaults();
+  FrameElements& f = tool.main.frame;
+  for (Button* page :
+       {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn, &f.dataBtn, &f.setupBtn, &f.comBtn}) {
+    page->setValue(false);
+  }
+  tool.run(10'000);
+  EXPECT_TRUE(tool.idle());
+  EXPECT_EQ(tool.line.strayCalls(), 0);
+  tool.main.frame.COMlbl.setCaption("1");
+  tool.press(f.measBtn);  // and it still works
+  tool.run(20'000);
+  EXPECT_TRUE(tool.main.pages.measuring);
+  formUnload(tool.main);
+}
+
+INSTANTIATE_TEST_SUITE_P(Lines, MonkeyTest,
+                         ::testing::Values(Round{Line::Orvantis, 120, false},
+                                           Round{Line::Orvantis, 240, true}, Round{Line::Tessara, 120, false},
+                                           Round{Line::Tessara, 240, true}));
+
+}  // namespace
+}  // namespace zephon
