@@ -24,6 +24,8 @@ struct Exchange {
   bool timedOut = false;    // set by Timer1's tick
   Timer Timer1;             // the one watchdog of all exchanges
   ExchangeFailure lastFailure = ExchangeFailure::None;
+  int gathering = 0;            // exchanges that wait for a reply, one inside the other
+  bool replyAbandoned = false;  // a reply was given up and may still be on its way
 };
 
 }  // namespace zephon

@@ -32,7 +32,7 @@ struct PortTable {
 struct Link {
   PortTable table;
   std::int16_t commPort = 1;      // COM number and port id
-  bool openFailed = false;       // the last attempt ended at the port itself, and the user has been told
+  bool openFailed = false;        // the last attempt ended at the port itself, and the user has been told
   bool connected = false;         // the link is up and the device is identified
   std::int16_t modelLine = 0;     // 0 Orvantis, 1 Tessara; survives a disconnect
   std::string firmwareVersion;    // "1.KD1" on the first line, "1*14" on the second
@@ -40,7 +40,7 @@ struct Link {
   std::string userID;             // the device's name, up to 10 characters
   std::int16_t nominalVolts = 0;  // 120 or 240: what the device is rated for
   std::int16_t ratedVolts = 0;    // the same at connection; the analysis may correct it
-  bool yOrCTflag = false;         // second line: wired as 120/208 wye
+  bool yOrCTflag = false;         // second line: wired 120/240 with a center tap
 };
 
 }  // namespace zephon

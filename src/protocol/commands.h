@@ -100,7 +100,8 @@ namespace tessara {
 inline constexpr DeviceCommand kFirmwareVersion{"r", 4, 100,
                                                 "firmware version: four characters, * for 240 V"};
 inline constexpr DeviceCommand kChipID{"i", 5, 200, "chip: five bytes, of which the odd ones count"};
-inline constexpr DeviceCommand kWiring{"g", 3, 600, "180 for wye, else center tap"};
+inline constexpr DeviceCommand kWiring{"g", 3, 600,
+                                       "180 degrees between the legs for a center tap, 120 for wye"};
 inline constexpr DeviceCommand kSetWye{"n1", 0, 0, "wired as wye"};
 inline constexpr DeviceCommand kSetCenterTap{"n2", 0, 0, "wired with a center tap"};
 

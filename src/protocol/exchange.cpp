@@ -1,5 +1,6 @@
 #include "protocol/exchange.h"
 
+#include <algorithm>
 #include <array>
 
 #include "comm/mod_comm.h"
@@ -11,6 +12,10 @@ namespace zephon {
 namespace {
 
 constexpr std::int32_t kReplyRead = 100;
+constexpr std::int32_t kSettleRead = 1024;
+// A cable may hold bytes back for 16 ms; the longest reply takes ten seconds.
+constexpr double kQuietMs = 50;
+constexpr double kLongestReplyMs = 12'000;
 
 bool portIsOpen(const Main& main) {
   const auto id = static_cast<std::size_t>(main.link.commPort);
@@ -27,8 +32,25 @@ bool stillWanted(const Main& main, const PageVisit& visit) {
   return !main.ending && main.pages.wanted == visit;
 }
 
+// Counts the exchanges that wait for a reply. One that ends without its reply leaves it on the line.
+class Gathering {
+ public:
+  explicit Gathering(Exchange& exchange) : exchange_(exchange) { ++exchange_.gathering; }
+  ~Gathering() {
+    --exchange_.gathering;
+    if (!whole) exchange_.replyAbandoned = true;
+  }
+  Gathering(const Gathering&) = delete;
+  Gathering& operator=(const Gathering&) = delete;
+  bool whole = false;
+
+ private:
+  Exchange& exchange_;
+};
+
 std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeoutMs, std::int32_t readSize,
                                      const Complete& complete) {
+  Gathering state(main.exchange);
   Exchange& exchange = main.exchange;
   const Port port = portOf(main);
   std::string gathered;
@@ -49,6 +71,7 @@ std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeout
   }
   exchange.Timer1.setEnabled(false);
   exchange.lastFailure = ExchangeFailure::None;
+  state.whole = true;
   return gathered;
 }
 
@@ -71,6 +94,25 @@ void wait(Main& main, double milliseconds) {
 
 void flushPort(Main& main) {
   if (portIsOpen(main)) CommFlush(portOf(main), main.link.commPort);
+}
+
+bool settleLine(Main& main) {
+  Exchange& exchange = main.exchange;
+  const PageVisit visit = main.pages.wanted;
+  if (exchange.gathering == 0 && !exchange.replyAbandoned) return true;
+  const EventLoop& loop = main.around.loop;
+  const Instant end = loop.now() + fromMillis(kLongestReplyMs);
+  Instant quiet = loop.now() + fromMillis(kQuietMs);
+  while (loop.now() < std::min(quiet, end) && portIsOpen(main)) {
+    std::string dropped;
+    const Port port = portOf(main);
+    if (CommRead(port, main.link.commPort, dropped, kSettleRead) > 0)
+      quiet = loop.now() + fromMillis(kQuietMs);
+    if (!stillWanted(main, visit)) return false;
+    CommAwait(port, main.link.commPort, quiet);
+  }
+  exchange.replyAbandoned = false;
+  return stillWanted(main, visit);
 }
 
 bool sendText(Main& main, std::string_view text) {

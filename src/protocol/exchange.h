@@ -30,6 +30,11 @@ void wait(Main& main, double milliseconds);
 
 void flushPort(Main& main);
 
+// Lets a reply that was given up run out, so that the next command does not take its rest for an answer:
+// reads and drops until the line has been quiet for a moment. Does nothing when every reply was waited for.
+// False when the visit is over by then.
+bool settleLine(Main& main);
+
 // Sends bare characters. False when the port is closed or takes another count than there are.
 bool sendText(Main& main, std::string_view text);
 

@@ -62,7 +62,7 @@ enum class Answer { Yes, No, CantOpen };
 // Asks as the line assumed, then once as the other one.
 Answer findModelLine(Main& main, const PageVisit& visit) {
   if (!openPort(main)) return Answer::CantOpen;
-  if (getFirmwareVersion(main)) return Answer::Yes;
+  if (settleLine(main) && getFirmwareVersion(main)) return Answer::Yes;
   if (!stands(main, visit)) return Answer::No;
   main.link.modelLine = static_cast<std::int16_t>((main.link.modelLine + 1) % 2);
   closePort(main);

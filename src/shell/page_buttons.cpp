@@ -119,6 +119,7 @@ bool openPage(Main& main, const PageRow& row, const PageVisit& visit) {
   wait(main, row.windDownMs);
   if (!stands(main, visit)) return false;
   if (row.page == Page::Measurement && main.link.connected) drain(main, 8192);
+  if (main.link.connected && !settleLine(main)) return false;
   if (!connected(main, row, visit)) return false;
   if (main.pages.scopeOn) {
     main.pages.scopeOn = false;
