@@ -1,9 +1,15 @@
 #include "form/elements.h"
 
+#include <iterator>
+
 namespace zephon {
 namespace {
 
 constexpr Slider::Axis kVolts120{80, 160, 10, 5};
+
+// The classes of disturbance, by recSlide's pointer. The log's tree shows its events in the same colours.
+constexpr Colour kRecordColours[] = {rgb(255, 0, 255),  rgb(31, 87, 176), rgb(0, 128, 128), rgb(70, 160, 60),
+                                     rgb(230, 126, 34), rgb(200, 40, 40), rgb(192, 192, 0)};
 
 // Everything but the page buttons is hidden until its page is laid out.
 template <class... Elements>
@@ -71,6 +77,8 @@ MeasurementElements::MeasurementElements(ElementList& list)
       EnCostLbl(list, "EnCostLbl"),
       clrCountBtn(list, "clrCountBtn", kMomentary),
       clrEUbtn(list, "clrEUbtn", kMomentary) {
+  for (std::size_t i = 0; i < std::size(kRecordColours); ++i)
+    recSlide.setPointerColour(i + 1, kRecordColours[i]);
   EnRateTxt.setTooltip("Enter kWh Rate");
   clrEUbtn.setTooltip("Reset Energy Usage");
   hide(VlnLbl, Ilbl, Plbl, VngLbl, fLbl, pfLbl, cfLbl);

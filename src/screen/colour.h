@@ -7,6 +7,10 @@ namespace zephon {
 // A colour as the platform's value: red in the low byte, then green, then blue (0x00BBGGRR).
 using Colour = std::uint32_t;
 
+constexpr Colour rgb(unsigned red, unsigned green, unsigned blue) {
+  return red | green << 8U | blue << 16U;
+}
+
 inline constexpr Colour kGreen = 65280;
 inline constexpr Colour kYellow = 65535;
 inline constexpr Colour kRed = 255;
