@@ -33,13 +33,14 @@ FrameElements::FrameElements(ElementList& list)
       image998(list, "Image998"),
       image999(list, "Image999"),
       adBanner(list, "adBanner"),
+      CWGraph2(list, "CWGraph2"),
       formCaption(list, "formCaption", "QLT Zephon Diagnostic Tool"),
       modelLbl(list, "modelLbl"),
       linkLbl(list, "linkLbl"),
       adviceLbl(list, "adviceLbl"),
       COMlbl(list, "COMlbl", "1"),
       EUlbl(list, "EUlbl") {
-  hide(saveBtn, expertBtn, EUlbl, image998, image999);
+  hide(saveBtn, expertBtn, EUlbl, image998, image999, CWGraph2);
 }
 
 MeasurementElements::MeasurementElements(ElementList& list)
@@ -155,7 +156,9 @@ DataElements::DataElements(ElementList& list)
       histDataBtn(list, "histDataBtn"),
       clrHistDataBtn(list, "clrHistDataBtn", kMomentary),
       cmDataBtn(list, "cmDataBtn"),
+      TreeView1(list, "TreeView1"),
       dataProgSlide(list, "dataProgSlide", {0, 100, 25, 5}),
+      cancelDataBtn(list, "cancelDataBtn", kMomentary),
       PavgHistBtn(list, "PavgHistBtn"),
       VavgHistBtn(list, "VavgHistBtn"),
       maxMinHistBtn(list, "maxMinHistBtn"),
@@ -163,7 +166,8 @@ DataElements::DataElements(ElementList& list)
       vMinBtn(list, "vMinBtn"),
       iMaxBtn(list, "iMaxBtn"),
       pMaxBtn(list, "pMaxBtn") {
-  hide(tsDataBtn, clrTsDataBtn, histDataBtn, clrHistDataBtn, cmDataBtn, dataProgSlide);
+  hide(tsDataBtn, clrTsDataBtn, histDataBtn, clrHistDataBtn, cmDataBtn, dataProgSlide, cancelDataBtn,
+       TreeView1);
   hide(PavgHistBtn, VavgHistBtn, maxMinHistBtn, vMaxBtn, vMinBtn, iMaxBtn, pMaxBtn);
 }
 

@@ -3,11 +3,13 @@
 #include "screen/button.h"
 #include "screen/combo.h"
 #include "screen/date_edit.h"
+#include "screen/graph.h"
 #include "screen/image.h"
 #include "screen/label.h"
 #include "screen/num_edit.h"
 #include "screen/slider.h"
 #include "screen/text_box.h"
+#include "screen/tree.h"
 
 namespace zephon {
 
@@ -25,6 +27,7 @@ struct FrameElements {
   Button saveBtn, expertBtn;
   Image image998, image999;  // badge of the first and of the second model
   Image adBanner;
+  Graph CWGraph2;     // the chart, the scope's picture, a log as a graph
   Label formCaption;  // the window's title
   Label modelLbl;     // "Orvantis" or "Tessara" once connected
   Label linkLbl;      // the link's state in one line: port, model, firmware, ID, or why not
@@ -78,7 +81,9 @@ struct ComElements {
 struct DataElements {
   explicit DataElements(ElementList& list);
   Button tsDataBtn, clrTsDataBtn, histDataBtn, clrHistDataBtn, cmDataBtn;
-  Slider dataProgSlide;
+  Tree TreeView1;
+  Slider dataProgSlide;  // how much of a log has come
+  Button cancelDataBtn;  // ends a running transfer
   Button PavgHistBtn, VavgHistBtn, maxMinHistBtn, vMaxBtn, vMinBtn, iMaxBtn, pMaxBtn;
 };
 
