@@ -73,6 +73,7 @@ void blank(Button& button) {
   button.setTexts({});
 }
 
+// Nothing else is asked or pressed until the device has told its state.
 void hold(Main& main) {
   main.timers.outletTimer.setEnabled(false);
   main.outlets.oOnBtn.setEnabled(false);
@@ -84,6 +85,7 @@ void wireCommand(Main& main, const PageExits& exits, Button& button, Button& oth
     if (!button.enabled()) return;
     const Stay stay(main);
     hold(main);
+    main.exchange.Timer1.setEnabled(false);  // a poll under way gives up the line
     if (mouse == MouseButton::Right) return finish(main, exits, stay, takeBack(main, button));
     blank(other);
     finish(main, exits, stay, act(main));

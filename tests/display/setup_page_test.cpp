@@ -17,9 +17,9 @@ using simulator::makeProfile;
 using testing_support::World;
 using Commands = std::vector<std::string>;
 
-class Setup : public World {
+class SetupWorld : public World {
  public:
-  explicit Setup(const simulator::Profile& profile = {}) : World(profile) {
+  explicit SetupWorld(const simulator::Profile& profile = {}) : World(profile) {
     wireSetupPage(main, {[this] {
                     ++lost;
                     stay(Page::None);
@@ -52,25 +52,25 @@ class Setup : public World {
 };
 
 TEST(ReadSetupPage, AsksInOrder) {
-  Setup first;
+  SetupWorld first;
   EXPECT_TRUE(readSetupPage(first.main));
   EXPECT_EQ(first.commands(),
             (Commands{"gH", "gI", "gJ", "gM", "gL", "gK", "gZ", "gR", "gY", "ga", "gb", "gg", "gh", "g^"}));
   EXPECT_TRUE(first.controlsEnabled(true));
   EXPECT_EQ(first.clockShown(), "03/05/24 09:30:00");
-  Setup older;
+  SetupWorld older;
   older.s.enableOLcoBtn.setVisible(false);
   older.s.enableAutoTXbtn.setVisible(false);
   EXPECT_TRUE(readSetupPage(older.main));
   EXPECT_EQ(older.commands().back(), "gh");
   EXPECT_EQ(older.commands().size(), 12U);
-  Setup second(makeProfile(Line::Tessara));
+  SetupWorld second(makeProfile(Line::Tessara));
   EXPECT_TRUE(readSetupPage(second.main));
   EXPECT_EQ(second.commands(), (Commands{"+", "t", "j"}));
 }
 
 TEST(ReadSetupPage, HoldsItsControlsMeanwhile) {
-  Setup setup;
+  SetupWorld setup;
   setup.device.addFault({.kind = FaultKind::Late, .amount = 100, .only = "gg"});
   setup.s.enableGndBtn.onChange = [&](bool) { FAIL() << "pressed in the middle of the first reads"; };
   setup.unit().switches.groundDetection = false;
@@ -84,20 +84,20 @@ TEST(ReadSetupPage, HoldsItsControlsMeanwhile) {
 
 TEST(ReadSetupPage, EndsAtTheFirstFailureWithItsControlsFree) {
   for (const char* command : {"gK", "gR", "gY", "ga", "gh", "g^"}) {
-    Setup setup;
+    SetupWorld setup;
     setup.device.addFault({.kind = FaultKind::Silent, .only = command});
     EXPECT_FALSE(readSetupPage(setup.main)) << command;
     EXPECT_EQ(setup.commands().back(), command);
     EXPECT_TRUE(setup.controlsEnabled(true)) << command;
   }
-  Setup left;
+  SetupWorld left;
   left.later(1, [&] { left.stay(Page::None); });
   EXPECT_FALSE(readSetupPage(left.main));
   EXPECT_TRUE(left.controlsEnabled(true));
 }
 
 TEST(SetupPage, LimitsAreWrittenReadBackAndNoted) {
-  Setup setup;
+  SetupWorld setup;
   ASSERT_TRUE(readSetupPage(setup.main));
   setup.s.OVcoNumEdit.edit(143);
   setup.s.UVrsNumEdit.edit(110);
@@ -122,7 +122,7 @@ TEST(SetupPage, LimitsAreWrittenReadBackAndNoted) {
 }
 
 TEST(SetupPage, ARefusedLimitComesBackChanged) {
-  Setup setup;
+  SetupWorld setup;
   ASSERT_TRUE(readSetupPage(setup.main));
   setup.s.OVreNumEdit.edit(150);
   setup.device.addFault({.kind = FaultKind::Refuse, .only = "s8"});
@@ -133,7 +133,7 @@ TEST(SetupPage, ARefusedLimitComesBackChanged) {
 }
 
 TEST(SetupPage, DefaultsGoToTheDeviceOnlyWithUpdate) {
-  Setup setup(makeProfile(Line::Tessara, 120));
+  SetupWorld setup(makeProfile(Line::Tessara, 120));
   setup.unit().image.poke(254, 0x88);
   setup.unit().image.poke(255, 0x88);
   ASSERT_TRUE(readSetupPage(setup.main));
@@ -147,7 +147,7 @@ TEST(SetupPage, DefaultsGoToTheDeviceOnlyWithUpdate) {
 }
 
 TEST(SetupPage, NameAndClock) {
-  Setup setup;
+  SetupWorld setup;
   setup.s.userIDtxt.type("PRESS 7");
   setup.s.updateIDBtn.click();
   EXPECT_EQ(setup.unit().userId, "   PRESS 7");
@@ -168,7 +168,7 @@ TEST(SetupPage, NameAndClock) {
 
   setup.s.setTimeAutoBtn.click();
   EXPECT_NEAR(static_cast<double>(setup.unit().clock()),
-              static_cast<double>(kUnixStart) + setup.nowMs() / 1000, 1.0);
+              static_cast<double>(World::kUnixStart) + setup.nowMs() / 1000, 1.0);
   EXPECT_EQ(setup.s.setTimeAutoBtn.caption(), setup.text(31));
   EXPECT_EQ(setup.lost, 0);
 }
@@ -187,7 +187,7 @@ TEST(SetupPage, OptionsAreTurnedAndReadBack) {
       {&SetupElements::enablePowerFailHoldBtn, &S::powerFailHold, "sJY", "gh"},
   };
   for (const auto& c : cases) {
-    Setup setup;
+    SetupWorld setup;
     ASSERT_TRUE(readSetupPage(setup.main));
     setup.device.clearLog();
     const bool before = setup.unit().switches.*c.state;
@@ -200,7 +200,7 @@ TEST(SetupPage, OptionsAreTurnedAndReadBack) {
 }
 
 TEST(SetupPage, TheChartMemoryStartsAndCannotBeStopped) {
-  Setup setup;
+  SetupWorld setup;
   ASSERT_TRUE(readSetupPage(setup.main));
   setup.s.startInternalCMbtn.click();
   EXPECT_TRUE(setup.unit().switches.chartMemory);
@@ -218,7 +218,7 @@ TEST(SetupPage, TheChartMemoryStartsAndCannotBeStopped) {
 TEST(SetupPage, Wiring) {
   simulator::Profile profile = makeProfile(Line::Tessara, 240);
   profile.firmware = "1*14";
-  Setup setup(profile);
+  SetupWorld setup(profile);
   setup.unit().centreTapped = true;
   setup.s.YorCTbutton.click();
   EXPECT_FALSE(setup.unit().centreTapped);
@@ -252,7 +252,7 @@ TEST(SetupPage, FailureExits) {
   };
   for (const auto& c : cases) {
     for (const bool left : {false, true}) {
-      Setup setup;
+      SetupWorld setup;
       ASSERT_TRUE(readSetupPage(setup.main));
       setup.device.addFault({.kind = c.kind, .only = c.command});
       if (left) setup.later(30, [&] { setup.stay(Page::None); });
@@ -269,7 +269,7 @@ TEST(SetupPage, FailureExits) {
 }
 
 TEST(SetupPage, ANoteThatOutlivesTheLinkLeavesTheControlsHeldForTheNextVisit) {
-  Setup setup;
+  SetupWorld setup;
   ASSERT_TRUE(readSetupPage(setup.main));
   setup.s.updateIDBtn.click();
   setup.main.link.connected = false;
@@ -282,7 +282,7 @@ TEST(SetupPage, ANoteThatOutlivesTheLinkLeavesTheControlsHeldForTheNextVisit) {
 }
 
 TEST(SetupPage, AProgramThatEndsInAWriteEndsAtOnce) {
-  Setup setup;
+  SetupWorld setup;
   ASSERT_TRUE(readSetupPage(setup.main));
   const double start = setup.nowMs();
   setup.later(60, [&] { setup.main.ending = true; });

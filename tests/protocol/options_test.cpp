@@ -107,6 +107,7 @@ TEST(Options, WritesReachTheDevice) {
 TEST(Options, TheSecondLineHasOneAndDoesNotConfirmIt) {
   World world(simulator::makeProfile(simulator::Line::Tessara));
   EXPECT_TRUE(setEnableAutoTX(world.main, true));
+  world.run(20);  // the next command would purge it from the line
   ASSERT_TRUE(getAutoTXstate(world.main));
   EXPECT_TRUE(world.main.setup.enableAutoTXbtn.value());
   EXPECT_TRUE(setEnableAutoTX(world.main, false));
