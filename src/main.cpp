@@ -51,10 +51,10 @@ int runUnattendedProgram(const std::string& commandLine) {
 int runWindowProgram(int argc, char** argv) {
   PosixSerial serial;
   SystemClock clock;
-  return runWindow(argc, argv, [&](EventLoop& loop, Dialogs& dialogs, const ShowWindow& show) {
-    Main main({loop, serial, clock, dialogs, systemFolders()});
+  return runWindow(argc, argv, [&](const WindowedProgram& window) {
+    Main main({window.loop, serial, clock, window.dialogs, systemFolders()});
     if (formLoad(main, "") != Started::Form) return 1;
-    const int status = show(main);
+    const int status = window.show(main, [&] { formUnload(main); });
     formUnload(main);
     return status;
   });
