@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zephon::benchmarks {
+
+// The middle one of the values, in their order of size; of an even count the upper one. 0 of none.
+double median(std::vector<double> values);
+
+// A row of the table.
+struct Ratio {
+  std::string what;
+  double measured;
+  double against;  // what it is measured against, in the same unit
+  std::string unit;
+  double limit;      // the ratio of the two that is still well
+  double least = 0;  // a ratio under this one says that the measurement itself is wrong
+};
+
+// The table of a benchmark program: prints every row as it comes.
+class Results {
+ public:
+  void add(const Ratio& row);
+  // The program's exit status: 0 when every row passes.
+  int status() const { return missed_ ? 1 : 0; }
+
+ private:
+  bool missed_ = false;
+};
+
+}  // namespace zephon::benchmarks
