@@ -8,12 +8,30 @@ namespace zephon::simulator {
 namespace {
 
 constexpr double kLookSeconds = 10.0;
+constexpr double kPastLookSeconds = 60.0;
+constexpr double kRecentSeconds = 3 * 86400.0;
 constexpr double kOverloadSeconds = 10.0;
 constexpr double kGroundFaultVolts = 30.0;
+constexpr std::int64_t kHalfHour = 1800;
+constexpr int kLossesOfABlank = 4;
 
 Site::Place placeOf(const Profile& profile, const Options& options) {
   return {options.seed, profile.mainsVolts(), profile.mainsHertz(), options.unixStart, options.disturbances};
 }
+
+struct ZoneEvent {
+  Zone zone;
+  Event event;
+};
+
+// The deepest of each side first: in this order they end.
+constexpr std::array<ZoneEvent, 5> kZoneEvents = {{
+    {Zone::Outage, Event::Outage},
+    {Zone::UnderShutdown, Event::UnderShutdown},
+    {Zone::UnderRecord, Event::UnderRecord},
+    {Zone::OverShutdown, Event::OverShutdown},
+    {Zone::OverRecord, Event::OverRecord},
+}};
 
 std::optional<ImageEvent> imageEvent(Event event) {
   switch (event) {
@@ -44,6 +62,9 @@ Device::Device(const Profile& profile, const Options& options)
       image(factoryBytes(profile.rating)),
       userId(fitted(profile.userId, 10)),
       centreTapped(profile.knowsWiring() && profile.mainsVolts() >= 220),
+      events(profile.rating),
+      history(profile.rating),
+      chart(profile.chartMemory),
       profile_(profile),
       options_(options),
       site_(placeOf(profile, options)),
@@ -54,14 +75,16 @@ Device::Device(const Profile& profile, const Options& options)
       energy_(now_) {
   energySince_ = clock();
   look();
+  if (options.recordingHours > 0) {
+    advanceTo(std::min(0.0, -options.recordingHours * 3600.0));
+    startChart();
+  }
   advanceTo(0);
 }
 
 void Device::advanceTo(double seconds) {
   while (now_ < seconds) {
-    const double grid = (std::floor(now_ / kLookSeconds) + 1.0) * kLookSeconds;
-    const double horizon = cycling() ? std::min(grid, cycleEnd_) : grid;
-    const double next = site_.nextChange(now_, horizon);
+    const double next = site_.nextChange(now_, nextOwnMoment());
     if (next > seconds) {
       now_ = seconds;
       return;
@@ -70,25 +93,45 @@ void Device::advanceTo(double seconds) {
   }
 }
 
+double Device::nextOwnMoment() const {
+  const double grid = now_ < -kRecentSeconds ? kPastLookSeconds : kLookSeconds;
+  double next = (std::floor(now_ / grid) + 1.0) * grid;
+  for (const double moment : {cycleEnd_, rowEnd_, overloadStart_ + kOverloadSeconds, chart.nextSample()}) {
+    if (moment > now_) next = std::min(next, moment);
+  }
+  return next;
+}
+
 void Device::step(double seconds) {
   const double from = now_;
   now_ = seconds;
   watchSurges(from);
+  endDueRow();
   look();
+  if (now_ < chart.nextSample()) return;
+  chart.sample(values(), kilowattHours());
+  switches.chartMemory = chart.recording();
 }
 
 void Device::look() {
   const SiteValues line = lineValues();
   watchVoltage(line);
   watchLoad(throughOutlets(line));
-  energy_.setPower(now_, throughOutlets(line).watts);
+  const SiteValues seen = throughOutlets(line);
+  watchSupply(seen);
+  events.see(seen);
+  history.see(now_, seen);
+  energy_.setPower(now_, seen.watts);
 }
 
 void Device::watchVoltage(const SiteValues& seen) {
   const Limits points = limits();
   const Zone next = nextZone(zone_, seen.volts, points, profile_.mainsVolts());
   const Zone before = std::exchange(zone_, next);
-  if (worsens(before, next)) recordZone(before, next);
+  for (const ZoneEvent& row : kZoneEvents) {
+    if (!reaches(next, row.zone)) events.end(row.event, clock());
+  }
+  if (worsens(before, next)) recordZone(before, next, seen);
   if (next == Zone::Outage && switches.powerFailHold) wantOn_ = false;
   if (next == Zone::Outage || next == Zone::UnderShutdown || next == Zone::OverShutdown) {
     shutdown_ = true;
@@ -98,49 +141,76 @@ void Device::watchVoltage(const SiteValues& seen) {
 }
 
 // The second line has one class for both ways below and one for both above.
-void Device::recordZone(Zone before, Zone next) {
-  const bool firstLine = profile_.line == Line::Orvantis;
-  switch (next) {
-    case Zone::Outage:
-      return record(Event::Outage);
-    case Zone::UnderShutdown:
-      if (firstLine || before != Zone::UnderRecord) record(Event::UnderShutdown);
-      return;
-    case Zone::UnderRecord:
-      return record(Event::UnderRecord);
-    case Zone::OverRecord:
-      return record(Event::OverRecord);
-    case Zone::OverShutdown:
-      if (firstLine || before != Zone::OverRecord) record(Event::OverShutdown);
-      return;
-    case Zone::Normal:
-      return;
+void Device::recordZone(Zone before, Zone next, const SiteValues& seen) {
+  const bool deeper =
+      before != Zone::Normal && before > Zone::Outage && next > Zone::Outage && reaches(next, before);
+  if (deeper && !firstLine()) return;
+  for (const ZoneEvent& row : kZoneEvents) {
+    if (row.zone == next) record(row.event, seen);
   }
 }
 
+// The device lives on the line that it watches: without power it neither sums nor samples.
+void Device::watchSupply(const SiteValues& seen) {
+  if (!firstLine()) return;
+  if (zone_ == Zone::Outage) {
+    if (history.running()) losePower(seen);
+    return;
+  }
+  if (!history.running()) beginRow();
+  chart.powerBack(now_, clock());
+}
+
+// The row is cut short. Now and then the power goes in the middle of a write, which leaves a place blank.
+void Device::losePower(const SiteValues& seen) {
+  history.see(now_, seen);
+  history.end(now_);
+  chart.powerLost();
+  if (++powerLosses_ % kLossesOfABlank != 0) return;
+  history.ring().leaveBlank();
+  events.ring().leaveBlank();
+}
+
+// Rows end at the full and half hours of the device's clock.
+void Device::beginRow() {
+  history.begin(now_, clock());
+  rowEnd_ = clock_.momentOf((clock() / kHalfHour + 1) * kHalfHour);
+}
+
+void Device::endDueRow() {
+  if (!history.running() || now_ < rowEnd_) return;
+  history.end(now_);
+  beginRow();
+}
+
 void Device::watchLoad(const SiteValues& seen) {
-  if (profile_.line == Line::Tessara) return;
+  if (!firstLine()) return;
   const bool over = seen.amps > registers.overload;
   if (over && !overloaded_) {
     overloadStart_ = now_;
-    record(Event::Overload);
+    record(Event::Overload, seen);
   }
+  if (!over) events.end(Event::Overload, clock());
   overloaded_ = over;
-  if (over && switches.overloadShutdown && now_ - overloadStart_ >= kOverloadSeconds) wantOn_ = false;
+  if (over && switches.overloadShutdown && now_ >= overloadStart_ + kOverloadSeconds) wantOn_ = false;
 }
 
 void Device::watchSurges(double from) {
   if (held_.volts) return;
   for (const Disturbance& disturbance :
        site_.disturbances(std::nextafter(from, now_), std::nextafter(now_, now_ + 1))) {
-    if (disturbance.kind == Disturbance::Kind::Surge) record(Event::Surge);
+    if (disturbance.kind != Disturbance::Kind::Surge) continue;
+    record(Event::Surge, {});
+    events.end(Event::Surge, clock());
   }
 }
 
-void Device::record(Event event) {
+void Device::record(Event event, const SiteValues& seen) {
   auto& count = counts_[static_cast<std::size_t>(event)];
   count = std::min<std::uint32_t>(count + 1, 0xFFFF);
-  if (const auto shown = imageEvent(event); shown && profile_.line == Line::Tessara) {
+  if (firstLine()) {
+    events.begin(event, clock(), seen);
+  } else if (const auto shown = imageEvent(event)) {
     image.record(*shown, secondsSinceEvent());
   }
   lastEvent_ = now_;
@@ -157,8 +227,7 @@ void Device::clearCounts() {
 }
 
 Limits Device::limits() const {
-  return profile_.line == Line::Orvantis ? limitsOf(registers, profile_.rating)
-                                         : limitsOf(image.limits(), profile_.rating);
+  return firstLine() ? limitsOf(registers, profile_.rating) : limitsOf(image.limits(), profile_.rating);
 }
 
 SiteValues Device::lineValues() const {
@@ -209,6 +278,22 @@ char Device::letter(const SiteValues& line) const {
 
 char Device::outletLetter() const {
   return letter(lineValues());
+}
+
+void Device::clearHistory() {
+  history.clear(now_, clock());
+  look();
+}
+
+void Device::startChart() {
+  chart.start(now_, clock());
+  switches.chartMemory = chart.recording();
+}
+
+void Device::setClock(std::int64_t unixSeconds) {
+  clock_.set(now_, unixSeconds);
+  rowEnd_ = clock_.momentOf((clock() / kHalfHour + 1) * kHalfHour);
+  chart.clockSet(now_, clock());
 }
 
 void Device::setEnergy(double kilowattHours) {

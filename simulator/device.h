@@ -4,8 +4,12 @@
 #include <cstdint>
 #include <string>
 
+#include "simulator/chart_memory.h"
 #include "simulator/device_clock.h"
 #include "simulator/energy_meter.h"
+#include "simulator/event.h"
+#include "simulator/event_log.h"
+#include "simulator/history_log.h"
 #include "simulator/limits.h"
 #include "simulator/memory_image.h"
 #include "simulator/options.h"
@@ -14,9 +18,6 @@
 #include "simulator/zone.h"
 
 namespace zephon::simulator {
-
-enum class Event { Overload, Outage, UnderShutdown, UnderRecord, OverRecord, OverShutdown, Surge };
-inline constexpr std::size_t kEvents = 7;
 
 // Option settings of a first-line device; the second line only has the first.
 struct Switches {
@@ -31,7 +32,8 @@ struct Switches {
 // seconds since the loop's start and is moved on by whoever asks, so an idle device costs nothing.
 //
 // It looks at the line every ten seconds and at each moment when a disturbance starts or ends, whenever it
-// is asked: what it counts does not depend on who reads it how often.
+// is asked: what it counts and logs does not depend on who reads it how often. In a past of more than three
+// days before the start, every minute is enough.
 class Device {
  public:
   Device(const Profile& profile, const Options& options);
@@ -63,6 +65,14 @@ class Device {
   void clearCounts();
   std::int64_t secondsSinceEvent() const;
 
+  // The logs of a first-line device.
+  EventLog events;
+  HistoryLog history;
+  ChartMemory chart;
+  std::string historyFrame() const { return history.frame(now_, clock()); }
+  void clearHistory();
+  void startChart();
+
   // Outlets. The letters: '0' off, '1' on, 'C' cycling, 'V' off because the voltage lies or lay beyond a
   // shutdown point and is not back at the restore points, 'G' off for a neutral-to-ground fault, and whatever
   // fault was forced.
@@ -72,7 +82,7 @@ class Device {
   char outletLetter() const;
 
   std::int64_t clock() const { return clock_.at(now_); }  // universal time as the device believes it
-  void setClock(std::int64_t unixSeconds) { clock_.set(now_, unixSeconds); }
+  void setClock(std::int64_t unixSeconds);
 
   double kilowattHours() const { return energy_.total(now_); }
   std::int64_t energySince() const { return energySince_; }
@@ -84,11 +94,17 @@ class Device {
 
  private:
   void step(double seconds);
+  double nextOwnMoment() const;
   void watchVoltage(const SiteValues& seen);
+  void watchSupply(const SiteValues& seen);
   void watchLoad(const SiteValues& seen);
   void watchSurges(double from);
-  void recordZone(Zone before, Zone next);
-  void record(Event event);
+  void recordZone(Zone before, Zone next, const SiteValues& seen);
+  void record(Event event, const SiteValues& seen);
+  void losePower(const SiteValues& seen);
+  void beginRow();
+  void endDueRow();
+  bool firstLine() const { return profile_.line == Line::Orvantis; }
   bool cycling() const { return now_ < cycleEnd_; }
   char letter(const SiteValues& line) const;
   SiteValues lineValues() const;  // with what is held, before the outlets
@@ -107,6 +123,8 @@ class Device {
   char forcedFault_ = 0;
   bool overloaded_ = false;
   double overloadStart_ = 0;
+  double rowEnd_ = 0;
+  int powerLosses_ = 0;
 
   std::array<std::uint32_t, kEvents> counts_{};
   double lastEvent_;

@@ -10,17 +10,41 @@ namespace zephon::simulator {
 
 using namespace std::chrono;
 
+namespace {
+
+struct Calendar {
+  explicit Calendar(std::int64_t unixSeconds)
+      : moment(seconds(unixSeconds)), date(floor<days>(moment)), time(moment - floor<days>(moment)) {}
+
+  sys_seconds moment;
+  year_month_day date;
+  hh_mm_ss<seconds> time;
+};
+
+char bcd(std::int64_t number) {
+  return asChar(toBcd(number));
+}
+
+}  // namespace
+
 std::string clockText(std::int64_t unixSeconds) {
-  const sys_seconds moment{seconds(unixSeconds)};
-  const auto midnight = floor<days>(moment);
-  const year_month_day date(midnight);
-  const hh_mm_ss time(moment - midnight);
+  const Calendar at(unixSeconds);
   std::array<char, 40> text{};
   std::snprintf(text.data(), text.size(), "%02d:%02d:%02d %02u/%02u/%04d",
-                static_cast<int>(time.hours().count()), static_cast<int>(time.minutes().count()),
-                static_cast<int>(time.seconds().count()), static_cast<unsigned>(date.month()),
-                static_cast<unsigned>(date.day()), static_cast<int>(date.year()));
+                static_cast<int>(at.time.hours().count()), static_cast<int>(at.time.minutes().count()),
+                static_cast<int>(at.time.seconds().count()), static_cast<unsigned>(at.date.month()),
+                static_cast<unsigned>(at.date.day()), static_cast<int>(at.date.year()));
   return text.data();
+}
+
+ClockBytes clockBytes(std::int64_t unixSeconds) {
+  const Calendar at(unixSeconds);
+  return {bcd(static_cast<int>(at.date.year()) - 2000),
+          bcd(static_cast<unsigned>(at.date.month())),
+          bcd(static_cast<unsigned>(at.date.day())),
+          bcd(at.time.hours().count()),
+          bcd(at.time.minutes().count()),
+          bcd(at.time.seconds().count())};
 }
 
 std::optional<std::int64_t> clockFromBytes(std::string_view bytes) {

@@ -22,9 +22,12 @@ std::string unsignedFraction(double share, int bytes) {
   return bigEndian(std::ldexp(share, 8 * bytes), bytes);
 }
 
-std::string signedFraction(double share) {
-  const int magnitude = static_cast<int>(std::min(std::round(std::abs(share) * 256.0), 127.0));
-  return std::string(1, asChar(share < 0 ? ~magnitude : magnitude));
+std::string signedFraction(double share, int bytes) {
+  const double top = std::ldexp(1.0, 8 * bytes - 1) - 1.0;
+  const double magnitude = std::min(std::round(std::ldexp(std::abs(share), 8 * bytes)), top);
+  std::string text = bigEndian(magnitude, bytes);
+  if (share < 0) std::transform(text.begin(), text.end(), text.begin(), [](char c) { return asChar(~c); });
+  return text;
 }
 
 std::string fixedPoint8_24(double value) {
@@ -33,6 +36,24 @@ std::string fixedPoint8_24(double value) {
 
 std::string bigEndian16(std::uint32_t count) {
   return bigEndian(count, 2);
+}
+
+std::string bigEndian24(std::uint32_t address) {
+  return bigEndian(address, 3);
+}
+
+std::string littleEndian16(double value) {
+  const auto whole = static_cast<int>(std::clamp(std::round(value), 0.0, 65535.0));
+  return {asChar(whole), asChar(whole >> 8)};
+}
+
+std::string signedLittleEndian16(double value) {
+  const auto whole = static_cast<int>(std::clamp(std::round(value), -32768.0, 32767.0));
+  return {asChar(whole), asChar(whole >> 8)};
+}
+
+char wholeByte(double value) {
+  return asChar(static_cast<int>(std::clamp(std::round(value), 0.0, 255.0)));
 }
 
 std::uint8_t toBcd(std::int64_t number) {

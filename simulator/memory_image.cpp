@@ -12,7 +12,6 @@ constexpr int kRecordBytes = 4;
 constexpr int kFirstCounter = 241;
 constexpr int kCounterBytes = 3;
 constexpr int kRingPosition = 253;
-constexpr std::uint8_t kErased = 0xFF;
 
 struct Span {
   std::uint8_t days, hours, minutes, seconds;  // BCD
@@ -32,7 +31,7 @@ MemoryImage::MemoryImage(LimitBytes limits) {
 }
 
 void MemoryImage::clear() {
-  std::fill(bytes_.begin() + kFirstRecord, bytes_.begin() + kFirstCounter, kErased);
+  std::fill(bytes_.begin() + kFirstRecord, bytes_.begin() + kFirstCounter, asByte(kErased));
   std::fill(bytes_.begin() + kFirstCounter, bytes_.begin() + kRingPosition + 1, std::uint8_t{0});
 }
 

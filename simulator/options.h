@@ -15,6 +15,8 @@ struct Options {
   std::int64_t unixStart = 1709649000;  // universal time at the loop's start: 2024-03-05 14:30:00
   double pastSeconds = 0;               // how long the device has stood at the site already
   bool disturbances = true;             // off: the mains only wanders, nothing is ever counted
+  double recordingHours =
+      0;  // how long the chart memory has been recording at the loop's start; 0: it is off
 
   std::size_t heardKept = 20'000;    // commands kept by heard()
   std::size_t sentKept = 1'000'000;  // bytes kept by sent()

@@ -84,7 +84,17 @@ Answer writeSwitch(Device& device, Data data) {
 }
 
 Answer chartMemory(Device& device, Data) {
-  return device.profile().chartMemory ? yesNo(device.switches.chartMemory) : Answer("1");
+  return device.profile().chartMemory == ChartFitted::None ? Answer("1") : yesNo(device.switches.chartMemory);
+}
+
+Answer startChart(Device& device, Data data) {
+  if (data != "Y" || device.profile().chartMemory == ChartFitted::None) return kRefused;
+  device.startChart();
+  return kDone;
+}
+
+Answer chartPage(Device& device, Data data) {
+  return device.chart.page(asByte(data[0]) * 0x100 + asByte(data[1]));
 }
 
 Answer setClock(Device& device, Data data) {
@@ -111,9 +121,16 @@ Answer clearEnergy(Device& device, Data data) {
   return kDone;
 }
 
-// The logs are always empty so far.
-Answer clearLog(Device&, Data data) {
-  return data == "Y" ? kDone : kRefused;
+Answer clearEvents(Device& device, Data data) {
+  if (data != "Y") return kRefused;
+  device.events.ring().clear();
+  return kDone;
+}
+
+Answer clearHistory(Device& device, Data data) {
+  if (data != "Y") return kRefused;
+  device.clearHistory();
+  return kDone;
 }
 
 constexpr Access R = Access::Read;
@@ -149,6 +166,11 @@ const std::array kCommands = std::to_array<Command>({
     {"gC", 0, R, "", "surges", count<Event::Surge>},
     {"g_", 0, R, "1.GB0", "current overloads", count<Event::Overload>},
 
+    {"gE", 0, R, "", "event log, 8196 bytes", [](Device& d, Data) { return Answer(d.events.frame()); }},
+    {"gD", 0, R, "", "half-hour history, 110599 bytes",
+     [](Device& d, Data) { return Answer(d.historyFrame()); }},
+    {"g`", 2, R, "1.GB0", "chart memory, a page of 32770 bytes", chartPage},
+
     {"gH", 0, R, "", "under voltage shutdown point", readLimit<&L::uvco>},
     {"gI", 0, R, "", "under voltage record point", readLimit<&L::uvre>},
     {"gJ", 0, R, "", "under voltage restore point", readLimit<&L::uvrs>},
@@ -180,15 +202,15 @@ const std::array kCommands = std::to_array<Command>({
     {"s3", 0, W, "", "outlets cycle", [](Device& d, Data) { return d.cycleOutlets(), kDone; }},
     {"sC", 1, W, "1.GB0", "automatic transmit on", turn<&S::autoTransmit, true>},
     {"sD", 1, W, "1.GB0", "automatic transmit off", turn<&S::autoTransmit, false>},
-    {"sE", 1, W, "1.GB0", "chart memory on", turn<&S::chartMemory, true>},
+    {"sE", 1, W, "1.GB0", "chart memory on", startChart},
     {"sF", 1, W, "1.IBR", "ground detection", writeSwitch<&S::groundDetection>},
     {"sH", 1, W, "1.JB3", "overload shutdown on", turn<&S::overloadShutdown, true>},
     {"sI", 1, W, "1.JB3", "overload shutdown off", turn<&S::overloadShutdown, false>},
     {"sJ", 1, W, "1.KD1", "power fail hold", writeSwitch<&S::powerFailHold>},
     {"s=", 1, W, "", "clear the event counts", clearCounts},
     {"s?", 1, W, "", "clear the energy", clearEnergy},
-    {"s>", 1, W, "", "clear the event log", clearLog},
-    {"s@", 1, W, "", "clear the history", clearLog},
+    {"s>", 1, W, "", "clear the event log", clearEvents},
+    {"s@", 1, W, "", "clear the history", clearHistory},
 });
 
 }  // namespace

@@ -12,6 +12,9 @@ enum class Line {
   Tessara,   // 9600 baud, single letters
 };
 
+// The size of a first-line device's chart memory, in pages of 32768 bytes.
+enum class ChartFitted { None, FourPages, TwelvePages };
+
 // Which device stands on the line: what is on its plate and in its program memory.
 struct Profile {
   Line line = Line::Orvantis;
@@ -22,7 +25,7 @@ struct Profile {
   std::string firmware = "1KD1";
   std::array<std::uint8_t, 3> chip = {0x4C, 0x5A, 0x17};
   std::string userId = "ZEPHON SIM";  // the name stored in a first-line device, ten characters
-  bool chartMemory = true;            // a first-line device with its chart memory fitted
+  ChartFitted chartMemory = ChartFitted::TwelvePages;  // of a first-line device
 
   int baud() const { return line == Line::Orvantis ? 115200 : 9600; }
   // The firmware's version for comparing: first-line text with the point put in, second-line text as it is.

@@ -30,6 +30,10 @@ Zone nextZone(Zone current, double volts, const Limits& limits, double nominalVo
   return plain;
 }
 
+bool reaches(Zone zone, Zone border) {
+  return border < Zone::Normal ? zone <= border : zone >= border;
+}
+
 bool worsens(Zone current, Zone next) {
   if (next < Zone::Normal) return next < std::min(current, Zone::Normal);
   return next > std::max(current, Zone::Normal);

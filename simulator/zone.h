@@ -12,6 +12,9 @@ enum class Zone : int { Outage = -3, UnderShutdown, UnderRecord, Normal, OverRec
 // event.
 Zone nextZone(Zone current, double volts, const Limits& limits, double nominalVolts);
 
+// True if `zone` lies as far from normal as `border`, or further, on the same side.
+bool reaches(Zone zone, Zone border);
+
 // True if `next` lies further from normal than `current` on its own side: the start of an event.
 bool worsens(Zone current, Zone next);
 

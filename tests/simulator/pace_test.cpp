@@ -19,11 +19,13 @@ TEST(PaceTest, TheLastByteComesWhenTheLineAllows) {
   } const rows[] = {{Line::Orvantis, "gN", 4},
                     {Line::Orvantis, "g9", 23},
                     {Line::Orvantis, "s4P", 2},
+                    {Line::Orvantis, "gE", 8196},
+                    {Line::Orvantis, "gD", 110599},
                     {Line::Tessara, "r", 4},
                     {Line::Tessara, "+", 512}};
   for (const auto& row : rows) {
     BenchLine line(makeProfile(row.line));
-    ASSERT_EQ(line.ask(row.command).size(), row.replyBytes);
+    ASSERT_EQ(line.ask(row.command, 10'000).size(), row.replyBytes);
     const double last = Millis(line.chunks.back().at).count();
     const double expected = expectedMs(line.baud, row.command.size(), row.replyBytes);
     EXPECT_GE(last, expected) << row.command;

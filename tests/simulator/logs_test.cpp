@@ -1,0 +1,239 @@
+#include <gtest/gtest.h>
+
+#include "simulator/bench_line.h"
+
+namespace zephon::simulator {
+namespace {
+
+using namespace std::string_literals;
+
+constexpr std::size_t kEventHead = 4;     // wrap digit, address
+constexpr std::size_t kHistoryHead = 23;  // clock and these
+
+// `count` records of a frame, in hex, one a line.
+std::string records(const std::string& frame, std::size_t head, std::size_t bytes, std::size_t count) {
+  std::string text;
+  for (std::size_t i = 0; i < count; ++i) text += hex(frame.substr(head + i * bytes, bytes)) + "\n";
+  return text;
+}
+
+bool erased(const std::string& bytes) {
+  return !bytes.empty() && bytes.find_first_not_of('\xFF') == std::string::npos;
+}
+
+// Holds one set of values after the other, each for its seconds.
+struct Step {
+  double seconds;
+  Held held;
+};
+void play(BenchLine& line, const std::vector<Step>& steps) {
+  for (const Step& step : steps) {
+    line.device.hold(step.held);
+    line.idle(step.seconds);
+  }
+}
+
+TEST(EventLogTest, HasStartsAndEndsOfWhatIsCounted) {
+  BenchLine line({}, quiet());
+  play(line, {{5, {.volts = 120}},
+              {3, {.volts = 90}},   // 14:30:05 under
+              {2, {.volts = 85}},   // deeper
+              {2, {.volts = 70}},   // 10 shutdown
+              {3, {.volts = 120}},  // 12 both end
+              {2, {.volts = 0}},    // 15 outage
+              {3, {.volts = 120}},  // 17
+              {1, {.volts = 147}},  // 20 over
+              {1, {.volts = 153}},  // 21 shutdown
+              {8, {.volts = 120}},  // 22 both end
+              {4, {.volts = 120, .amps = 30}},
+              {1, {.volts = 120, .amps = 34}},
+              {25, {.volts = 120, .amps = 3}}});
+  line.device.release();
+  line.device.device().site().add({Disturbance::Kind::Surge, 61, 0.001, 0});
+  line.idle(5);
+  const std::string frame = line.ask("gE");
+  ASSERT_EQ(frame.size(), 8196u);
+  EXPECT_EQ(hex(frame.substr(0, 4)), "3001b070");  // "0", 110592 + 14 * 8
+  EXPECT_EQ(records(frame, kEventHead, 8, 14),
+            "042405030530145a\n"
+            "0224050310301446\n"
+            "8224050312301446\n"
+            "8424050312301446\n"
+            "0124050315301400\n"
+            "8124050317301400\n"
+            "0824050320301493\n"
+            "1024050321301499\n"
+            "9024050322301499\n"
+            "8824050322301499\n"
+            "402405033030141e\n"
+            "c024050335301422\n"
+            "2024050301311400\n"
+            "a024050301311400\n");
+  EXPECT_TRUE(erased(frame.substr(kEventHead + 14 * 8)));
+  EXPECT_EQ(line.ask("s>Y"), "OK");
+  EXPECT_EQ(hex(line.ask("gE").substr(0, 6)), "3001b000ffff");
+}
+
+TEST(EventLogTest, MagnitudesAreOnThe120VoltBasis) {
+  BenchLine line(makeProfile(Line::Orvantis, 240), quiet());
+  play(line,
+       {{1, {.volts = 170}}, {1, {.volts = 168}}, {1, {.volts = 240}}, {1, {.volts = 240, .amps = 33}}});
+  EXPECT_EQ(records(line.ask("gE"), kEventHead, 8, 3),
+            "0424050300301455\n"
+            "8424050302301454\n"
+            "4024050303301421\n");
+}
+
+TEST(HistoryLogTest, RowsAreHalfHoursAndWhatOutagesLeaveOfThem) {
+  const Held load{.volts = 120, .amps = 10, .watts = 1200};
+  const Held heavy{.volts = 121, .amps = 250, .watts = 131068};
+  const Held backwards{.volts = 121, .amps = 1, .watts = -4};
+  BenchLine line({}, quiet());
+  line.device.hold(load);
+  line.device.device().clearHistory();
+  play(line, {{1800 + 600, load}, {120, {.volts = 0}}, {1079, heavy}, {31, backwards}});
+  const std::string young = line.device.device().historyFrame();
+  line.idle(30);
+  const std::string frame = line.ask("gD", 10'000);
+  ASSERT_EQ(frame.size(), 110599u);
+  EXPECT_EQ(frame.substr(0, 20), "15:31:00 03/05/20240");
+  EXPECT_EQ(hex(frame.substr(20, 3)), "000050");  // 16 + 4 * 16
+  EXPECT_EQ(records(frame, kHistoryHead, 16, 4),
+            "240503003014000a7878f5202c01a400\n"
+            "240503000015000a0078fc0a2c013600\n"  // ten minutes
+            "24050300121500fa7979f013ff7f252a\n"  // 18 minutes
+            "240503003015000179791b01ffff0000\n");
+  EXPECT_TRUE(erased(frame.substr(kHistoryHead + 4 * 16)));
+  EXPECT_EQ(hex(young.substr(20, 3)), "000040");  // the newest row is not a minute old
+  EXPECT_EQ(line.ask("s@Y"), "OK");
+  EXPECT_EQ(hex(line.ask("gD", 10'000).substr(19, 6)), "30000010ffff");
+}
+
+TEST(HistoryLogTest, SettingTheClockMovesTheEndOfTheRow) {
+  BenchLine line({}, quiet());
+  line.ask("s;\x23\x59\x58\x12\x31\x18\x01", 10);  // from 14:30:00 to two seconds before midnight
+  line.idle(1900);
+  EXPECT_EQ(records(line.ask("gD", 10'000), kHistoryHead + 0, 6, 1), "240503003014\n");
+  const std::string frame = line.device.device().historyFrame();
+  EXPECT_EQ(records(frame, kHistoryHead + 16, 6, 1), "190101000000\n");
+  EXPECT_EQ(records(frame, kHistoryHead + 32, 6, 1), "190101003000\n");
+}
+
+TEST(RecordRingTest, WritesOverTheOldestAndTellsWhereItStands) {
+  BenchLine line({}, quiet());
+  RecordRing& history = line.device.device().history.ring();
+  for (int i = 0; i < 6910; ++i) history.write("old");
+  history.leaveBlank();
+  EXPECT_EQ(hex(line.ask("gD", 10'000).substr(19, 4)), "31000010");  // full: the first is next
+  history.write("a record of 16 by");
+  history.write("b");
+  const std::string frame = line.ask("gD", 10'000);
+  EXPECT_EQ(hex(frame.substr(19, 4)), "31000030");
+  EXPECT_EQ(frame.substr(kHistoryHead, 17), "a record of 16 bb");
+  EXPECT_EQ(frame.substr(kHistoryHead + 32, 4), "old\xFF");
+  EXPECT_TRUE(erased(frame.substr(kHistoryHead + 6910 * 16)));
+
+  RecordRing& events = line.device.device().events.ring();
+  for (int i = 0; i < 513; ++i) events.write("12345678");
+  const std::string wrapped = line.ask("gE");
+  EXPECT_EQ(hex(wrapped.substr(0, 4)), "3101b008");
+  EXPECT_TRUE(wrapped.substr(4, 4096).ends_with("12345678"));
+  EXPECT_TRUE(erased(wrapped.substr(4100)));
+}
+
+TEST(RecordRingTest, EveryFourthOutageLeavesABlankRecord) {
+  BenchLine line({}, quiet());
+  for (int i = 0; i < 5; ++i) play(line, {{100, {.volts = 120}}, {10, {.volts = 0}}});
+  const std::string events = line.ask("gE");
+  EXPECT_EQ(hex(events.substr(1, 3)), "01b050");  // five starts, four ends and the blank
+  EXPECT_TRUE(erased(events.substr(kEventHead + 7 * 8, 8)));
+  const std::string history = line.ask("gD", 10'000);
+  EXPECT_EQ(hex(history.substr(20, 3)), "000070");
+  EXPECT_TRUE(erased(history.substr(kHistoryHead + 4 * 16, 16)));
+}
+
+const Held kSample{.volts = 120,
+                   .amps = 10,
+                   .watts = 1200,
+                   .neutralGroundVolts = 1.5,
+                   .hertz = 60,
+                   .powerFactor = 0.95,
+                   .reactive = 'L',
+                   .crestFactor = 1.4};
+
+TEST(ChartMemoryTest, RecordsMarksAndSamples) {
+  const Held odd{.volts = 120,
+                 .amps = 10,
+                 .watts = -5,
+                 .neutralGroundVolts = 1.5,
+                 .hertz = 60,
+                 .powerFactor = -0.5,
+                 .reactive = 'C',
+                 .crestFactor = 0.98};
+  BenchLine line({}, quiet());
+  const auto hold = [&line](const Held& held, double seconds) {
+    line.device.hold(held);
+    line.device.device().setEnergy(348);
+    line.idle(seconds);
+  };
+  EXPECT_EQ(line.ask("ga", 0), "");
+  line.device.device().startChart();
+  hold(kSample, 24);
+  line.device.device().setClock(1546300798);
+  line.idle(11);
+  hold(odd, 10);
+  line.device.hold({.volts = 0});
+  line.idle(20);
+  hold(kSample, 11);
+  const std::string page = line.ask("g`\x02\0"s, 4000);
+  ASSERT_EQ(page.size(), 32770u);
+  EXPECT_EQ(page.substr(0, 2), "M4");
+  EXPECT_EQ(hex(page.substr(2, 139)),
+            "535452"
+            "143000030524"
+            "3c000a00012c00018001eb857a4c0166018000f1"
+            "3c000a00012c00018001eb857a4c0166018001e2"
+            "434446"
+            "235958123118"
+            "3c000a00012c00018001eb857a4c016601800334"
+            "3c000a00fffe00018001eb85bf4301fa017fffff"
+            "505752"
+            "000039010119"
+            "3c000a00012c00018001eb857a4c0166018000f1"
+            "ffffffffffffffffffffffff");
+  EXPECT_EQ(line.ask("gasEYga"), "YOKY");
+  EXPECT_EQ(hex(line.ask("g`\x02\0"s, 4000).substr(2, 3)), "535452");
+  EXPECT_TRUE(erased(line.ask("g`\x02\0"s, 4000).substr(11)));  // begun anew
+}
+
+TEST(ChartMemoryTest, EndsWithItsLastPage) {
+  Profile profile;
+  profile.chartMemory = ChartFitted::FourPages;
+  BenchLine line(profile, quiet());
+  line.device.hold(kSample);
+  EXPECT_EQ(line.ask("sEY"), "OK");
+  line.idle(6553 * 10 - 1);
+  EXPECT_EQ(line.ask("ga"), "Y");
+  line.idle(20);
+  EXPECT_EQ(line.ask("ga"), "N");
+  const std::string second = line.ask("g`\x02\x80", 4000);
+  EXPECT_EQ(second.substr(0, 2), "M2");
+  EXPECT_EQ(hex(second.substr(2, 3)),
+            "0a0001");  // page 1 has the mark, 1637 samples and 19 bytes of the next
+  const std::string last = line.ask("g`\x03\x80", 4000);
+  EXPECT_EQ(hex(last.substr(32770 - 5)), "454e44ffff");
+  EXPECT_TRUE(erased(line.ask("g`\x04\0"s, 4000).substr(2)));
+  EXPECT_EQ(line.ask("g`\x01\x80", 4000), "");
+}
+
+TEST(ChartMemoryTest, CanBeMissing) {
+  Profile profile;
+  profile.chartMemory = ChartFitted::None;
+  BenchLine line(profile, quiet());
+  EXPECT_EQ(line.ask("ga"), "1");
+  EXPECT_EQ(line.ask("sEY"), "");
+  EXPECT_EQ(line.ask("g`\x02\0"s), "");
+}
+
+}  // namespace
+}  // namespace zephon::simulator
