@@ -22,11 +22,10 @@ inline std::optional<std::int64_t> ticksOf(double value, int decimals) {
   const double magnitude = std::abs(value);
   const double scaled = magnitude * static_cast<double>(kPowersOfTen[static_cast<std::size_t>(decimals)]);
   if (!(scaled < 0x1p40)) return {};
-  const auto whole = static_cast<std::int64_t>(scaled);
-  const double pastMiddle = scaled - static_cast<double>(whole) - 0.5;
+  auto ticks = static_cast<std::int64_t>(scaled + 0.5);
   // The product, and the shortest decimal form that the rounding goes by, are off by less than 2^-11.
-  const bool close = std::abs(pastMiddle) < 0x1p-10;
-  const std::int64_t ticks = close ? ticksNearMiddle(magnitude, decimals) : whole + (pastMiddle > 0 ? 1 : 0);
+  const double off = std::abs(scaled - static_cast<double>(ticks));
+  if (off > 0.5 - 0x1p-10) ticks = ticksNearMiddle(magnitude, decimals);
   return value < 0 ? -ticks : ticks;
 }
 
