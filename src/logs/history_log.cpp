@@ -18,17 +18,12 @@ HistoryRow closingRow(std::string_view clock, UtcOffset offset) {
   return datedRow(calendarOf(now.value_or(sysTimeRecord{})));
 }
 
-sysTimeRecord momentOf(const HistoryRow& row) {
-  const auto part = [&](std::size_t column) { return static_cast<std::int16_t>(row[column]); };
-  return {static_cast<std::int16_t>(2000 + part(0)), part(2), 0, part(1), part(3), part(4), part(5), 0};
-}
-
 }  // namespace
 
 std::optional<LogTable<12>> decodeHistoryFrame(std::string_view frame, int nominalVolts, UtcOffset offset) {
   if (frame.size() != kHistoryFrameBytes) return {};
   const std::size_t count = recordCount(frame.substr(kClockBytes), kLogStart, kHistoryRecordBytes, kRecords);
-  HistoryRecords records(nominalVolts, offset);
+  HistoryDecoder records(nominalVolts, offset);
   LogTable<12> rows;
   rows.reserve(count + 1);
   walkRecords(frame.substr(kDataOffset), kHistoryRecordBytes, count, [&](const std::uint8_t* record) {
@@ -44,7 +39,7 @@ std::optional<LogTable<12>> decodeHistoryFrame(std::string_view frame, int nomin
 
 void correctShortRows(LogTable<12>& history) {
   for (std::size_t r = 0; r < historyRecords(history); ++r) {
-    const double ratio = halfHourRatio(momentOf(history[r]), momentOf(history[r + 1]));
+    const double ratio = halfHourRatio(momentOfRow(history[r]), momentOfRow(history[r + 1]));
     history[r][6] = roundQuickly(ratio * history[r][6], 2);
     history[r][8] = roundQuickly(ratio * history[r][8], 2);
   }

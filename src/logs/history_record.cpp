@@ -43,12 +43,18 @@ HistoryRow datedRow(const CalendarTime& local) {
           static_cast<double>(local.minute),     static_cast<double>(local.second)};
 }
 
-HistoryRecords::HistoryRecords(int nominalVolts, UtcOffset offset) : clock_(offset), volts_() {
+sysTimeRecord momentOfRow(const HistoryRow& row) {
+  const auto part = [&](std::size_t column) { return static_cast<std::int16_t>(row[column]); };
+  const auto year = static_cast<std::int16_t>(2000 + part(0));
+  return {year, part(2), 0, part(1), part(3), part(4), part(5), 0};
+}
+
+HistoryDecoder::HistoryDecoder(int nominalVolts, UtcOffset offset) : clock_(offset), volts_() {
   for (std::size_t byte = 0; byte < volts_.size(); ++byte)
     volts_[byte] = roundQuickly(static_cast<double>(byte) * nominalVolts / 120, 2);
 }
 
-std::optional<HistoryRow> HistoryRecords::decode(const std::uint8_t* record) {
+std::optional<HistoryRow> HistoryDecoder::decode(const std::uint8_t* record) {
   const CalendarTime local = clock_.local({record[5], record[4], record[3], record[2], record[1], record[0]});
   if (isBlankDate(local)) return {};
   HistoryRow row = datedRow(local);

@@ -14,8 +14,9 @@ using HistoryRow = std::array<double, 12>;
 
 inline constexpr std::size_t kHistoryRecordBytes = 16;
 
-// The date columns of a row; the rest zeros.
+// The date columns of a row; the rest zeros. And back, the year in full.
 HistoryRow datedRow(const CalendarTime& local);
+sysTimeRecord momentOfRow(const HistoryRow& row);
 
 // Half-hour records of the device's history: sixteen bytes, BCD date in universal time, 16-bit fields low
 // byte first.
@@ -27,9 +28,9 @@ HistoryRow datedRow(const CalendarTime& local);
 //          decimals; the nominal voltage does not enter
 //   12-13  maximum power, two's complement, in steps of 4 W
 //   14-15  power sum, the high 16 of 48 bits, over the same samples, to 2 decimals
-class HistoryRecords {
+class HistoryDecoder {
  public:
-  HistoryRecords(int nominalVolts, UtcOffset offset);
+  HistoryDecoder(int nominalVolts, UtcOffset offset);
 
   // The row of a record's sixteen bytes. Nothing for a blank record: one whose local date text ends in
   // "0199".

@@ -15,12 +15,6 @@ std::size_t columnOf(HistoryView view) {
   return kColumns[static_cast<std::size_t>(view)];
 }
 
-double serialOf(const HistoryRow& row) {
-  const auto part = [&](std::size_t column) { return static_cast<std::int16_t>(row[column]); };
-  return dateSerial(
-      {static_cast<std::int16_t>(2000 + part(0)), part(2), 0, part(1), part(3), part(4), part(5), 0});
-}
-
 std::string_view unitOf(int plot, bool extremes) {
   constexpr std::array<std::array<std::string_view, 2>, 8> kUnits = {{{"V", "V"},
                                                                       {"A", "A Max"},
@@ -44,7 +38,7 @@ HistorySeries historySeries(const LogTable<12>& history, HistoryView view) {
   series.y.reserve(rows);
   double largest = 0;
   for (std::size_t r = 0; r < rows; ++r) {
-    series.x.push_back(serialOf(history[r]));
+    series.x.push_back(dateSerial(momentOfRow(history[r])));
     series.y.push_back(history[r][columnOf(view)]);
     largest = std::max(largest, series.y.back());
   }

@@ -1,0 +1,123 @@
+#include "logs/chart_memory.h"
+
+#include <gtest/gtest.h>
+
+#include "logs/slow_logs.h"
+#include "support/log_bytes.h"
+
+namespace zephon {
+namespace {
+
+using namespace testing_support;
+
+constexpr UtcOffset kTwoEast{-2 / 24.0};
+constexpr double kSecond = 1 / 86400.0;
+const CalendarTime kNoon{2013, 5, 1, 10, 0, 0};  // 12:00:00 two hours east
+constexpr double kNoonSerial = 41395.5;
+
+std::vector<double> times(const ChartLog& log) {
+  std::vector<double> seconds;
+  for (const auto& row : log.rows)
+    seconds.push_back(std::round((row[0] - kNoonSerial) * 86400 * 1000) / 1000);
+  return seconds;
+}
+
+TEST(ChartMemory, checksPages) {
+  EXPECT_FALSE(chartPage(std::string(32769, 'x')));
+  const auto page = chartPage("02" + std::string(32768, 'x') + "behind");
+  ASSERT_TRUE(page);
+  EXPECT_EQ(*page, std::string(32768, 'x'));
+  EXPECT_EQ(chartMemoryOf("\xFF"
+                          "2"),
+            (ChartMemory{4, 0x20001}));
+  for (const char* reply : {"24", "2\xFF", "", "2"})
+    EXPECT_EQ(chartMemoryOf(reply), (ChartMemory{12, 0x60001})) << reply;
+  EXPECT_TRUE(chartMemoryEnds("x" + std::string(20, '\xFF')));
+  EXPECT_FALSE(chartMemoryEnds(std::string(19, '\xFF')));
+  EXPECT_FALSE(chartMemoryEnds("x" + std::string(19, '\xFF')));
+  EXPECT_EQ(hex2ascii(kChartPages[11]), "\x07\x80");
+}
+
+TEST(ChartMemory, decodesASample) {
+  const ChartLog log = decodeChartMemory(chartMark("STR", kNoon) + chartSample() + "END", kTwoEast);
+  const LogTable<9> expected = {{kNoonSerial + 10 * kSecond, 120.5, 1.5, -4, 0.25, 60, -0.5, 1.414, 232}};
+  EXPECT_EQ(log.rows, expected);
+  EXPECT_EQ(log.end, ChartEnd::EndMark);
+}
+
+TEST(ChartMemory, agreesWithTheLongWayOnAnySample) {
+  std::mt19937 random(5);
+  std::string stream = chartMark("STR", kNoon);
+  std::vector<std::array<double, 8>> expected;
+  for (int i = 0; i < 70000; ++i) {
+    std::string block(20, '\0');
+    for (char& c : block) c = static_cast<char>(random());
+    block.replace(0, 2, high(i & 0xFFFF, 2));  // every value of the fields of 16 bits
+    block.replace(2, 2, high(i & 0xFFFF, 2));
+    block.replace(4, 2, high(i & 0xFFFF, 2));
+    if (i % 2 == 0) block[9] = '\0';
+    if (i % 3 > 0) block[16] = static_cast<char>(random() % static_cast<unsigned>(i % 3 * i % 7 + 1));
+    if (block.find("\xFF\xFF\xFF") != std::string::npos || block.substr(0, 3) == "END") continue;
+    expected.push_back(slowSample(block));
+    stream += block;
+  }
+  const ChartLog log = decodeChartMemory(stream, kTwoEast);
+  ASSERT_EQ(log.rows.size(), expected.size());
+  for (std::size_t r = 0; r < expected.size(); ++r)
+    ASSERT_TRUE(std::equal(expected[r].begin(), expected[r].end(), log.rows[r].begin() + 1)) << r;
+}
+
+TEST(ChartMemory, showsAGapInPowerAsAStep) {
+  const std::string sample = chartSample();
+  const std::string later = chartSample(100 * 128);
+  const CalendarTime back{2013, 5, 1, 10, 30, 0};
+  const ChartLog log = decodeChartMemory(chartMark("STR", kNoon) + sample + chartMark("PWR", back) + later +
+                                             chartMark("CDF", {2013, 5, 1, 9, 0, 0}) + later + "END",
+                                         kTwoEast);
+  EXPECT_EQ(times(log), (std::vector<double>{10, 11, 1809, 1810, -3590}));
+  const double volts[] = {120.5, 120.5, 120.5, 100, 100};
+  for (std::size_t r = 0; r < 5; ++r) EXPECT_EQ(log.rows[r][1], volts[r]);
+  const ChartLog first = decodeChartMemory(chartMark("PWR", kNoon), kTwoEast);
+  const LogTable<9> zeros = {{kSecond}, {kNoonSerial + 9 * kSecond}};
+  EXPECT_EQ(first.rows, zeros);
+}
+
+TEST(ChartMemory, endsWhereItMust) {
+  const std::string start = chartMark("STR", kNoon) + chartSample();
+  const struct {
+    std::string tail;
+    ChartEnd end;
+  } rows[] = {{"END" + chartSample(), ChartEnd::EndMark},
+              {"\xFF\xFF\xFF" + chartSample(), ChartEnd::Blank},
+              {"", ChartEnd::Cut},
+              {"EN", ChartEnd::Cut},
+              {chartMark("CDF", kNoon).substr(0, 8), ChartEnd::Cut},
+              {"STR" + std::string(6, '\xF0'), ChartEnd::BadDate}};
+  for (const auto& row : rows) {
+    const ChartLog log = decodeChartMemory(start + row.tail, kTwoEast);
+    EXPECT_EQ(log.rows.size(), 1u) << row.tail;
+    EXPECT_EQ(log.end, row.end) << row.tail;
+  }
+  for (std::size_t place = 0; place <= 17; ++place) {
+    std::string sample = chartSample();
+    sample.replace(place, 3, "\xFF\xFF\xFF");
+    EXPECT_EQ(decodeChartMemory(start + sample + chartSample(), kTwoEast).rows.size(), 1u) << place;
+    sample[place + 1] = '\0';
+    EXPECT_EQ(decodeChartMemory(start + sample + chartSample(), kTwoEast).rows.size(), 3u) << place;
+  }
+  EXPECT_TRUE(decodeChartMemory("\xFF\xFF\xFF" + start, kTwoEast).rows.empty());
+}
+
+TEST(ChartMemory, keepsTheRowsBeforeACut) {
+  const std::string stream = chartMark("STR", kNoon) + chartSample() + chartSample() +
+                             chartMark("PWR", kNoon) + chartSample() + "END";
+  for (std::size_t cut = 0; cut <= stream.size(); ++cut) {
+    const std::size_t rows = cut >= 78 ? 5 : cut >= 58 ? 4 : cut >= 49 ? 2 : cut >= 29 ? 1 : 0;
+    const ChartLog log = decodeChartMemory(std::string_view(stream).substr(0, cut), kTwoEast);
+    EXPECT_EQ(log.rows.size(), rows) << cut;
+    EXPECT_EQ(log.end, cut == stream.size() ? ChartEnd::EndMark : ChartEnd::Cut) << cut;
+  }
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,127 @@
+#include "logs/event_log.h"
+
+#include <gtest/gtest.h>
+
+#include "logs/slow_logs.h"
+#include "support/log_bytes.h"
+
+namespace zephon {
+namespace {
+
+using namespace testing_support;
+
+constexpr UtcOffset kFiveWest{5 / 24.0};
+const std::string kBlank(8, '\xFF');
+const CalendarTime kNight{2013, 5, 2, 2, 30, 15};  // 21:30:15 of the day before, five hours west
+
+TEST(EventLog, decodesRecords) {
+  const struct {
+    int code, magnitude, volts;
+    CalendarTime utc;
+    std::array<double, 8> row;
+  } rows[] = {{4, 100, 120, kNight, {13, 1, 5, 21, 30, 15, 4, 100}},
+              {8, 100, 240, kNight, {13, 1, 5, 21, 30, 15, 8, 200}},
+              {64, 31, 240, kNight, {13, 1, 5, 21, 30, 15, 64, 31}},
+              {192, 31, 240, kNight, {13, 1, 5, 21, 30, 15, 192, 62}},
+              {16, 133, 208, {2020, 3, 1, 0, 0, 0}, {20, 29, 2, 19, 0, 0, 16, 133 * (208 / 120.0)}},
+              {1, 0, 120, {2009, 1, 1, 6, 0, 0}, {9, 1, 1, 1, 0, 0, 1, 0}}};
+  for (const auto& row : rows) {
+    const std::string frame = eventFrame(eventRecord(row.code, row.utc, row.magnitude), 1);
+    EXPECT_EQ(decodeEventFrame(frame, row.volts, kFiveWest), LogTable<8>{row.row}) << row.code;
+  }
+}
+
+TEST(EventLog, countsRecords) {
+  std::string data;
+  for (int i = 0; i < 512; ++i) data += eventRecord(4, kNight, i % 256);
+  const struct {
+    char flag;
+    int address;
+    std::size_t count;
+  } rows[] = {{'0', 110592, 0},      {'0', 110592 + 80, 10},
+              {'0', 110592 + 4, 0},  {'0', 110592 + 12, 2},
+              {'0', 110000, 0},      {'0', 0xFFFFFF, 512},
+              {'1', 110592, 512},    {'2', 110600, 0},
+              {'x', 110592 + 24, 3}, {'9', 0, 0}};
+  for (const auto& row : rows) {
+    std::string frame = eventFrame(data, 0, row.flag);
+    frame.replace(1, 3, high(row.address, 3));
+    EXPECT_EQ(decodeEventFrame(frame, 120, {})->size(), row.count) << row.flag << row.address;
+  }
+  EXPECT_EQ(decodeEventFrame(eventFrame(kBlank, 512), 120, {})->size(), 0u);
+  for (const std::size_t size : {0u, 1u, 8195u, 8197u})
+    EXPECT_FALSE(decodeEventFrame(filled(eventFrame(data, 512), size), 120, {})) << size;
+}
+
+TEST(EventLog, takesTheFirstBlankOut) {
+  const auto at = [](int magnitude) { return eventRecord(4, kNight, magnitude); };
+  const std::string zeros(8, '\0');
+  const struct {
+    std::string data;
+    int records;
+    std::vector<double> magnitudes;
+  } rows[] = {{at(1) + kBlank + at(2) + kBlank + kBlank + at(3), 6, {1, 2, 3}},
+              // A record of zeros reads as blank and stays: the rest of the log is lost behind it.
+              {at(1) + zeros + at(2), 3, {1}},
+              // Its blank is another one further on, which goes in its place.
+              {at(1) + zeros + at(2) + kBlank + at(3), 5, {1}},
+              // The first blank begins in the record before, which has been taken already.
+              {at(255) + kBlank.substr(1) + '\x07' + at(2), 3, {255, 2}},
+              // It begins behind the code and ends with the code of the next: the two join up.
+              {'\x05' + kBlank.substr(1) + eventRecord(255, kNight, 9) + at(2), 3, {9, 2}},
+              {kBlank + kBlank, 2, {}}};
+  for (const auto& row : rows) {
+    std::vector<double> magnitudes;
+    for (const auto& event : *decodeEventFrame(eventFrame(row.data, row.records), 120, {}))
+      magnitudes.push_back(event[7]);
+    EXPECT_EQ(magnitudes, row.magnitudes) << &row - rows;
+  }
+}
+
+TEST(EventLog, agreesWithTheLongWay) {
+  std::mt19937 random(3);
+  for (int i = 0; i < 60; ++i) {
+    const std::size_t records = random() % 40;
+    const UtcOffset offset{(static_cast<int>(random() % 113) - 56) / 96.0};
+    const std::string frame = eventFrame(troubledRecords(random, 8, 1, 60), static_cast<int>(records));
+    EXPECT_EQ(decodeEventFrame(frame, 208, offset), slowEvents(frame, records, 208, offset)) << i;
+  }
+}
+
+TEST(EventLog, changesOnlyTheRowOfAFlippedByte) {
+  const std::string data = eventRecord(4, kNight, 1) + eventRecord(8, kNight, 2) + eventRecord(1, kNight, 3);
+  const std::string frame = eventFrame(data, 3);
+  for (std::size_t place = 0; place < data.size(); ++place) {
+    for (int bit = 0; bit < 8; ++bit) {
+      std::string flipped = frame;
+      flipped[4 + place] = static_cast<char>(flipped[4 + place] ^ 1 << bit);
+      const auto rows = *decodeEventFrame(flipped, 120, kFiveWest);
+      ASSERT_EQ(rows, slowEvents(flipped, 3, 120, kFiveWest)) << place;
+      ASSERT_EQ(rows.size(), 3u);
+    }
+  }
+}
+
+TEST(EventLog, takesTheSecondLinesTable) {
+  std::vector<std::string> dict(120);
+  dict[62] = "low";
+  dict[61] = "high";
+  dict[59] = "surge";
+  PdEvents events;
+  events[0] = {"surge", 0, 0, 0, 0, "05/01/13 10:00:01"};
+  events[1] = {"high", 0, 0, 0, 0, "05/02/13 11:00:02"};
+  events[2] = {"low", 0, 0, 0, 0, "12/31/13 12:00:03"};
+  const Limits limits{.UVre = 100, .OVre = 135};
+  const Counters counters{.poCount = 0, .uvcoCount = 7, .uvreCount = 1, .ovreCount = 1, .sgCount = 1};
+  const LogTable<8> expected = {
+      {13, 31, 12, 12, 0, 3, 4, 100}, {13, 2, 5, 11, 0, 2, 8, 135}, {13, 1, 5, 10, 0, 1, 32, 0}};
+  EXPECT_EQ(eventsOfTable(events, counters, limits, dict), expected);
+  EXPECT_EQ(eventsOfTable(events, {.olCount = 9}, limits, dict), LogTable<8>());
+  EXPECT_EQ(eventsOfTable(events, {.poCount = -5, .sgCount = 1}, limits, dict), LogTable<8>());
+  EXPECT_FALSE(eventsOfTable(events, {.sgCount = 4}, limits, dict));  // row 3 has no date
+  events.fill(events[0]);
+  EXPECT_EQ(eventsOfTable(events, {.poCount = 2147483647, .sgCount = 2147483647}, limits, dict)->size(), 60u);
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,108 @@
+#include "logs/history_log.h"
+
+#include <gtest/gtest.h>
+
+#include "logs/history_series.h"
+#include "logs/slow_logs.h"
+#include "support/log_bytes.h"
+
+namespace zephon {
+namespace {
+
+using namespace testing_support;
+
+constexpr UtcOffset kFiveWest{5 / 24.0};
+
+CalendarTime at(int hour, int minute, int second = 0) {
+  return {2013, 5, 31, hour, minute, second};
+}
+
+TEST(HistoryLog, decodesRowsAndClosesThem) {
+  // A full half hour, a quarter of one, and one of forty minutes up to the moment of the download.
+  const std::string data = historyRecord(at(10, 35)) + historyRecord(at(11, 5)) + historyRecord(at(11, 20));
+  const LogTable<12> expected = {{13, 31, 5, 5, 35, 0, 728.34, -4, 119.5, 125, 112, 1.5},
+                                 {13, 31, 5, 6, 5, 0, 1457.01, -4, 239.05, 125, 112, 1.5},
+                                 {13, 31, 5, 6, 20, 0, 728.18, -4, 119.47, 125, 112, 1.5},
+                                 {13, 31, 5, 7, 0, 0, 0, 0, 0, 0, 0, 0}};
+  EXPECT_EQ(decodeHistoryFrame(historyFrame(data, 3), 120, kFiveWest), expected);
+  const auto doubled = *decodeHistoryFrame(historyFrame(data, 3), 240, kFiveWest);
+  EXPECT_EQ(doubled[0], (HistoryRow{13, 31, 5, 5, 35, 0, 728.34, -4, 119.5, 250, 224, 1.5}));
+}
+
+TEST(HistoryLog, leavesOutWhatIsBlank) {
+  const std::string blank(16, '\xFF');
+  const std::string two = historyRecord(at(10, 0)) + blank + historyRecord(at(10, 30));
+  const auto rows = *decodeHistoryFrame(historyFrame(two, 3), 120, {});
+  ASSERT_EQ(rows.size(), 3u);
+  EXPECT_EQ(historyRecords(rows), 2u);
+  EXPECT_EQ(rows[1][4], 30);
+  EXPECT_EQ(rows[2], (HistoryRow{13, 31, 5, 12}));
+  EXPECT_EQ(decodeHistoryFrame(historyFrame(two, 0), 120, {})->size(), 0u);
+  EXPECT_EQ(decodeHistoryFrame(historyFrame("", 6911, '1'), 120, {})->size(), 0u);
+  EXPECT_EQ(decodeHistoryFrame(historyFrame(two, 2, '3'), 120, {})->size(), 0u);
+  EXPECT_EQ(decodeHistoryFrame(historyFrame(two, 3, '0', "no date at all here"), 120, {})->back(),
+            HistoryRow{});
+  EXPECT_FALSE(decodeHistoryFrame(historyFrame(two, 3).substr(1), 120, {}));
+}
+
+TEST(HistoryLog, agreesWithTheLongWayOnEveryField) {
+  // Every value of each 16-bit field, in whole wrapped logs.
+  for (int first = 0; first < 65536; first += 6911) {
+    std::string data;
+    for (int i = 0; i < 6911; ++i) {
+      const int field = (first + i) & 0xFFFF;
+      data += historyRecord(calendarFromSeconds(3'600'000'000 + (first + i) * 1800LL),
+                            {field, field & 0xFF, field >> 8, field, field, field});
+    }
+    const std::string frame = historyFrame(data, 0, '1');
+    const auto quick = *decodeHistoryFrame(frame, 230, kFiveWest);
+    const auto slow = slowHistory(frame, 6911, 230, kFiveWest);
+    ASSERT_EQ(quick.size(), slow.size());
+    for (std::size_t r = 0; r < slow.size(); ++r) ASSERT_EQ(quick[r], slow[r]) << first + static_cast<int>(r);
+  }
+}
+
+TEST(HistoryLog, agreesWithTheLongWayOnTroubledBytes) {
+  std::mt19937 random(4);
+  for (int i = 0; i < 40; ++i) {
+    const std::size_t records = random() % 60;
+    const UtcOffset offset{(static_cast<int>(random() % 113) - 56) / 96.0};
+    const std::string frame = historyFrame(troubledRecords(random, 16, 0, 80), static_cast<int>(records));
+    EXPECT_EQ(decodeHistoryFrame(frame, 120, offset), slowHistory(frame, records, 120, offset)) << i;
+  }
+}
+
+TEST(HistorySeries, drawsAViewOfEveryColumn) {
+  const LogTable<12> table = {
+      {13, 31, 5, 6, 0, 0, 1, 2, 3, 4, 5, 6}, {13, 31, 5, 12, 0, 0, 10, -20, 30, 40, 50, 60}, {13, 1, 6}};
+  const std::pair<HistoryView, std::array<double, 2>> views[] = {
+      {HistoryView::AveragePower, {1, 10}},    {HistoryView::AverageVoltage, {3, 30}},
+      {HistoryView::PeakPower, {2, -20}},      {HistoryView::LargestVoltage, {4, 40}},
+      {HistoryView::SmallestVoltage, {5, 50}}, {HistoryView::PeakCurrent, {6, 60}}};
+  for (const auto& [view, values] : views) {
+    const HistorySeries series = historySeries(table, view);
+    EXPECT_EQ(series.x, (std::vector<double>{41425.25, 41425.5}));
+    EXPECT_EQ(series.y, (std::vector<double>{values[0], values[1]}));
+    EXPECT_EQ(series.xAxis, (AxisRange{41425.25, 41425.5}));
+    EXPECT_EQ(series.yAxis, (AxisRange{0, 2 * std::max(values[0], values[1])}));
+  }
+  EXPECT_TRUE(historySeries({}, HistoryView::PeakPower).x.empty());
+  EXPECT_EQ(historySeries({{13, 1, 5, 0, 0, 0, 7}, {13, 1, 6}}, HistoryView::AveragePower).yAxis,
+            (AxisRange{0, 14}));
+}
+
+TEST(HistorySeries, readsOffACursor) {
+  EXPECT_EQ(cursorText(41425.4375, 118.25, 0, CursorPage::Data), "05/31/13 10:30:00  118.250 V");
+  EXPECT_EQ(cursorText(41425.4375, 118.25, 3, CursorPage::Chart), "05/31/13 10:30:00  118.25 V");
+  EXPECT_EQ(cursorText(41425.4375, 2, 2, CursorPage::Chart, true), "05/31/13 10:30:00  2.0 W");
+  const char* const plain[] = {"V", "A", "W", "V", "Hz", "", "", "kWh", ""};
+  const char* const extremes[] = {"V", "A Max", "W Max", "V", "Hz", "V Min", "V Max", "kWh", ""};
+  for (int plot = 0; plot < 9; ++plot) {
+    const std::string start = "01/01/13 00:00:00  0.000 ";
+    EXPECT_EQ(cursorText(41275, 0, plot, CursorPage::Scope, true), start + plain[plot]);
+    EXPECT_EQ(cursorText(41275, 0, plot, CursorPage::Data, true), start + extremes[plot]);
+  }
+}
+
+}  // namespace
+}  // namespace zephon
