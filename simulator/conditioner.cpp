@@ -1,5 +1,7 @@
 #include "simulator/conditioner.h"
 
+#include <algorithm>
+
 #include "simulator/encode.h"
 
 namespace zephon::simulator {
@@ -87,7 +89,11 @@ Answer Conditioner::run(const Command& command, const std::vector<Fault>& faults
 
 void Conditioner::speak(const Spoken& spoken) {
   const double pause = options_.paced ? options_.answerMs : 0.0;
-  outbound_.send(spoken.bytes, loop_.now() + fromMillis(pause + spoken.lateMs));
+  const Instant start = loop_.now() + fromMillis(pause + spoken.lateMs);
+  const std::string_view bytes = spoken.bytes;
+  const std::size_t stallAt = std::min(spoken.stallAt, bytes.size());
+  outbound_.send(bytes.substr(0, stallAt), start);
+  outbound_.send(bytes.substr(stallAt), std::max(start, outbound_.freeAt()) + fromMillis(spoken.stallMs));
   lastReply_ = spoken.bytes;
   sent_ += spoken.bytes;
   keepWithin(sent_, options_.sentKept);

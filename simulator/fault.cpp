@@ -15,7 +15,7 @@ struct KindName {
   int ownAmount;
 };
 
-constexpr std::array<KindName, 8> kKinds = {{
+constexpr std::array<KindName, 10> kKinds = {{
     {"silent", FaultKind::Silent, 0},
     {"short", FaultKind::Short, 1},
     {"stray", FaultKind::Stray, 3},
@@ -24,6 +24,8 @@ constexpr std::array<KindName, 8> kKinds = {{
     {"cut", FaultKind::Cut, 1},
     {"garbage", FaultKind::Garbage, 0},
     {"doubled", FaultKind::Doubled, 0},
+    {"stall", FaultKind::Stall, 1000},
+    {"corrupt", FaultKind::Corrupt, 1},
 }};
 
 constexpr int kMostAmount = 1'000'000;
@@ -44,6 +46,7 @@ bool readNumber(std::string_view text, Number& number) {
 
 bool readSetting(std::string_view name, std::string_view value, Fault& fault) {
   if (name == "amount") return readNumber(value, fault.amount) && fault.amount <= kMostAmount;
+  if (name == "at") return readNumber(value, fault.at) && fault.at <= kMostAmount;
   if (name == "count") return readNumber(value, fault.commands);
   if (name == "after") return readNumber(value, fault.afterSeconds);
   if (name == "for") return readNumber(value, fault.forSeconds);
@@ -73,6 +76,27 @@ std::string doubled(const std::string& bytes) {
   std::string twice;
   for (const char byte : bytes) twice.append(2, byte);
   return twice;
+}
+
+// Where in a reply a fault strikes; `own` if its place was not set.
+std::size_t placeIn(const std::string& bytes, const Fault& fault, std::size_t own) {
+  return std::min(bytes.size(), fault.at < 0 ? own : static_cast<std::size_t>(fault.at));
+}
+
+void stall(Spoken& spoken, const Fault& fault) {
+  const std::size_t place = placeIn(spoken.bytes, fault, spoken.bytes.size() / 2);
+  if (fault.amount == 0) return spoken.bytes.resize(place);
+  spoken.stallAt = place;
+  spoken.stallMs += fault.amount;
+}
+
+void corrupt(std::string& bytes, const Fault& fault) {
+  const auto amount = std::min(bytes.size(), static_cast<std::size_t>(fault.amount));
+  const std::size_t first = placeIn(bytes, fault, 0);
+  for (std::size_t i = 0; i < amount; ++i) {
+    const std::size_t place = fault.at < 0 ? (2 * i + 1) * bytes.size() / (2 * amount) : first + i;
+    if (place < bytes.size()) bytes[place] = garbled(bytes[place]);
+  }
 }
 
 }  // namespace
@@ -126,7 +150,7 @@ Spoken distort(std::string reply, const std::vector<Fault>& faults) {
         bytes.resize(bytes.size() - std::min(bytes.size(), amount));
         break;
       case FaultKind::Stray:
-        bytes.insert(0, amount, asChar(0x55));
+        bytes.insert(placeIn(bytes, fault, 0), amount, asChar(0x55));
         break;
       case FaultKind::Late:
         spoken.lateMs += fault.amount;
@@ -140,6 +164,12 @@ Spoken distort(std::string reply, const std::vector<Fault>& faults) {
       case FaultKind::Cut:
         bytes.resize(std::min(bytes.size(), amount));
         spoken.cut = true;
+        break;
+      case FaultKind::Stall:
+        stall(spoken, fault);
+        break;
+      case FaultKind::Corrupt:
+        corrupt(bytes, fault);
         break;
       case FaultKind::Silent:
       case FaultKind::Refuse:

@@ -24,6 +24,8 @@ class WireQueue {
 
   // Puts bytes behind what is still on its way; the first starts no earlier than `earliest`.
   void send(std::string_view bytes, Instant earliest);
+  // When all that it was given will have passed.
+  Instant freeAt() const { return free_; }
   // Loses everything on its way.
   void clear();
   // Loses what has passed the line already and was only waiting for its batch.

@@ -93,8 +93,9 @@ constexpr std::array kOptions = std::to_array<Option>({
     {"--steady", "", "no disturbances at the site",
      [](std::string_view, Draft& d) { return d.out.options.disturbances = false, true; }},
     {"--fault", "KIND[:NAME=VALUE,...]",
-     "silent, short, stray, late, refuse, cut, garbage or doubled; names: amount (bytes, or ms of late),\n"
-     "      only (a command), count (commands), after and for (seconds). It can be given many times",
+     "silent, short, stray, late, refuse, cut, garbage, doubled, stall or corrupt; names: amount (bytes, or\n"
+     "      ms of late and stall; a stall of 0 is for ever), at (a byte of the reply), only (a command),\n"
+     "      count (commands), after and for (seconds). It can be given many times",
      readFault},
     {"--outlet-fault", "LETTER", "the outlets show a fault: G, R, S, T or V", readOutletFault},
     {"--fast", "", "bytes take no time on the line",

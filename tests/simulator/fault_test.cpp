@@ -19,6 +19,15 @@ TEST(FaultTest, EachKindSpoilsTheReplyInItsWay) {
       {"refuse", "gV", "x", "x"},
       {"refuse:count=1", "s4P", "", "OK"},
       {"cut:amount=2", "gN", "1K", ""},
+      {"stray:at=3,count=1", "gN", "1KDUUU1", "1KD1"},
+      {"stall:amount=0,count=1", "gN", "1K", "1KD1"},
+      {"stall:amount=0,at=3", "gN", "1KD", "1KD"},
+      {"corrupt:at=1,count=1", "gN",
+       "1\xDE"
+       "D1",
+       "1KD1"},
+      {"corrupt:at=3,amount=9", "gN", "1KD\xA4", "1KD\xA4"},
+      {"corrupt:amount=2,count=1", "gP", "ZE\xC5HON \xC6IM", "ZEPHON SIM"},
       {"silent:after=1.5,for=2", "gN", "1KD1", ""},
       {"silent:for=0.5", "gN", "", "1KD1"},
   };
@@ -49,6 +58,47 @@ TEST(FaultTest, ALateReplyComesWholeAfterItsTime) {
   EXPECT_EQ(line.ask("gN", 150), "");
   line.device.linePurged();  // the far end has given up, the device has not
   EXPECT_EQ(line.ask("gO", 100).substr(0, 4), "1KD1");
+}
+
+TEST(FaultTest, AStallIsAPauseInTheMiddle) {
+  BenchLine line({}, quiet());
+  const std::string whole = line.ask("gD", 12'000);
+  line.device.addFault(*parseFault("stall:at=70000,amount=2500"));
+  line.device.addFault(*parseFault("late:amount=100"));
+  const Instant asked = line.loop.now();
+  const std::string stalled = line.ask("gD", 15'000);
+  EXPECT_EQ(stalled.substr(19), whole.substr(19));
+  std::size_t told = 0;
+  Instant last = asked;
+  for (const BenchLine::Chunk& chunk : line.chunks) {
+    const double pause = Millis(chunk.at - last).count();
+    EXPECT_EQ(pause > 2000, told == 70'000) << told;
+    told += chunk.bytes.size();
+    last = chunk.at;
+  }
+  const double span = Millis(last - asked).count();
+  EXPECT_NEAR(span, 110601 * 10'000.0 / 115200 + 2600.3, 0.01);
+}
+
+TEST(FaultTest, StrikesFarInsideALog) {
+  BenchLine clean({}, quiet());
+  const std::string whole = clean.ask("gE");
+  struct {
+    std::string fault;
+    std::size_t length, intact;  // bytes of the reply, and how many of them are right from its start
+  } const rows[] = {{"short:amount=8000", 196, 196},
+                    {"cut:amount=8195", 8195, 8195},
+                    {"corrupt:at=4100,amount=3000", 8196, 4100},
+                    {"corrupt:amount=4", 8196, 1024},
+                    {"stray:at=8000,amount=5000", 13196, 8000}};
+  for (const auto& row : rows) {
+    BenchLine line({}, quiet());
+    line.device.addFault(*parseFault(row.fault));
+    const std::string said = line.ask("gE", 2000);
+    EXPECT_EQ(said.size(), row.length) << row.fault;
+    const auto [right, wrong] = std::mismatch(whole.begin(), whole.end(), said.begin(), said.end());
+    EXPECT_EQ(static_cast<std::size_t>(right - whole.begin()), row.intact) << row.fault;
+  }
 }
 
 TEST(FaultTest, SilentAndRefusedWritesChangeNothing) {

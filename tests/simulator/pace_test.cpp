@@ -16,12 +16,8 @@ TEST(PaceTest, TheLastByteComesWhenTheLineAllows) {
     Line line;
     std::string command;
     std::size_t replyBytes;
-  } const rows[] = {{Line::Orvantis, "gN", 4},
-                    {Line::Orvantis, "g9", 23},
-                    {Line::Orvantis, "s4P", 2},
-                    {Line::Orvantis, "gE", 8196},
-                    {Line::Orvantis, "gD", 110599},
-                    {Line::Tessara, "r", 4},
+  } const rows[] = {{Line::Orvantis, "gN", 4},    {Line::Orvantis, "g9", 23},     {Line::Orvantis, "s4P", 2},
+                    {Line::Orvantis, "gE", 8196}, {Line::Orvantis, "gD", 110599}, {Line::Tessara, "r", 4},
                     {Line::Tessara, "+", 512}};
   for (const auto& row : rows) {
     BenchLine line(makeProfile(row.line));
