@@ -10,6 +10,7 @@
 #include "window/colours.h"
 #include "window/fields.h"
 #include "window/meter.h"
+#include "window/reading.h"
 #include "window/record_bar.h"
 #include "window/words.h"
 
@@ -187,9 +188,22 @@ TextField* draw(TextBox& element, const Legend& legend, QWidget* parent) {
   return field;
 }
 
+ReadingButton* drawReading(TextBox& element, const Legend& legend, const QString& unit, QWidget* parent) {
+  auto* button = new ReadingButton(parent);
+  follow(*button, element, legend, [button, &element, legend, unit] {
+    const QPalette palette = button->palette();
+    button->show(toQt(element.text()) + QLatin1Char(' ') + unit,
+                 element.stale() ? tone(Tone::Muted, palette) : textColour(element.colour(), palette));
+    button->setAccessibleName(legend.now());
+  });
+  button->onPress = [&element](MouseButton mouse) {
+    if (mouse == MouseButton::Left) element.click();
+  };
+  return button;
+}
+
 ChoiceField* draw(Combo& element, const Legend& legend, QWidget* parent) {
   auto* field = new ChoiceField(parent);
-  field->setFocusPolicy(Qt::StrongFocus);
   follow(*field, element, legend, [field, &element, legend] {
     const QSignalBlocker quiet(field);
     QStringList items;

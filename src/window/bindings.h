@@ -24,6 +24,7 @@ class ChoiceField;
 class DateField;
 class Meter;
 class NumberField;
+class ReadingButton;
 class RecordBar;
 class SlideField;
 class Swatch;
@@ -58,6 +59,9 @@ NumberField* draw(NumEdit& element, const Legend& legend, const QString& unit, Q
 DateField* draw(DateEdit& element, const Legend& legend, QWidget* parent);
 TextField* draw(TextBox& element, const Legend& legend, QWidget* parent);
 ChoiceField* draw(Combo& element, const Legend& legend, QWidget* parent);
+
+// A number that can only be read and pressed.
+ReadingButton* drawReading(TextBox& element, const Legend& legend, const QString& unit, QWidget* parent);
 
 // A slider is drawn as what it serves for.
 using Marks = std::function<std::vector<double>()>;  // limits to mark on the scale, read at each drawing

@@ -1,6 +1,7 @@
 #include "window/card.h"
 
-#include <QLabel>
+#include <QApplication>
+#include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -33,6 +34,22 @@ void showWhileAny(QWidget& widget, std::initializer_list<Element*> elements) {
   };
   for (Element* member : members) watchWhile(widget, *member, show);
   show();
+}
+
+QuietLabel::QuietLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+  setTextFormat(Qt::PlainText);
+  fade();
+}
+
+void QuietLabel::fade() {
+  QPalette faded;
+  faded.setColor(QPalette::WindowText, tone(Tone::Muted, QApplication::palette()));
+  setPalette(faded);
+}
+
+void QuietLabel::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::ApplicationPaletteChange) fade();
+  QLabel::changeEvent(event);
 }
 
 Card::Card(const QString& heading, std::initializer_list<Element*> members, QWidget* parent)

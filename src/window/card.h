@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFrame>
+#include <QLabel>
 #include <initializer_list>
 
 class QPainter;
@@ -15,6 +16,18 @@ void paintCard(QPainter& painter, const QRectF& box, const QPalette& palette, bo
 
 // The widget is there while any of the elements is visible.
 void showWhileAny(QWidget& widget, std::initializer_list<Element*> elements);
+
+// Secondary text, fainter than what it stands beside.
+class QuietLabel : public QLabel {
+ public:
+  QuietLabel(const QString& text, QWidget* parent);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void fade();
+};
 
 // A named group of controls. It is there while any of `members` is visible; without members it always is.
 class Card : public QFrame {

@@ -41,13 +41,13 @@ QColor tone(Tone tone, const QPalette& palette) {
       return isDark(palette) ? pair.dark : pair.light;
     }
     case Tone::Muted:
-      return mixed(text, base, 0.36);
+      return mixed(text, ground, 0.36);
     case Tone::Line:
       return mixed(ground, text, 0.22);
     case Tone::Track:
-      return mixed(base, text, 0.12);
+      return mixed(isDark(palette) ? ground : base, text, 0.14);
     case Tone::Card:
-      return base;
+      return isDark(palette) ? mixed(ground, text, 0.05) : base;
     case Tone::Selected:
       return mixed(ground, palette.color(QPalette::Active, QPalette::Highlight), 0.22);
   }

@@ -20,12 +20,15 @@ QWidget* portCard(Main& main, QWidget* parent) {
   card->setMaximumWidth(kCardWidth);
 
   auto* used = new QHBoxLayout;
-  used->addWidget(new QLabel(words::kPortInUse, card));
+  used->setSpacing(0);
+  used->addWidget(new QuietLabel(words::kPortInUse, card));
   used->addWidget(draw(main.frame.COMlbl, card), 1);
   card->column()->addLayout(used);
 
   auto* entry = new QHBoxLayout;
-  entry->addWidget(draw(page.comNumEdit, words::kComPort, QString(), card), 1);
+  NumberField* number = draw(page.comNumEdit, words::kComPort, QString(), card);
+  number->setPrefix(words::kCom);
+  entry->addWidget(number, 1);
   entry->addWidget(draw(page.saveComBtn, words::kSave, card), 1);
   card->column()->addLayout(entry);
 

@@ -14,8 +14,8 @@ namespace {
 void addLog(Card& card, Button& log, const QString& legend, Button& clear, const QString& clearLegend) {
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
-  row->addWidget(draw(log, legend, &card), 3);
-  row->addWidget(draw(clear, clearLegend, &card), 1);
+  row->addWidget(draw(log, legend, &card), 1);
+  row->addWidget(draw(clear, clearLegend, &card));
   card.column()->addLayout(row);
 }
 
@@ -24,7 +24,11 @@ QWidget* logsCard(DataElements& page, QWidget* parent) {
   addLog(*card, page.tsDataBtn, words::kEventLog, page.clrTsDataBtn, words::kClear);
   addLog(*card, page.histDataBtn, words::kHistory, page.clrHistDataBtn, words::kClear);
   card->column()->addWidget(draw(page.cmDataBtn, words::kInternalChart, card));
-  card->column()->addWidget(drawProgress(page.dataProgSlide, words::kProgress, card));
+  auto* running = new QHBoxLayout;
+  running->setSpacing(6);
+  running->addWidget(drawProgress(page.dataProgSlide, words::kProgress, card), 1);
+  running->addWidget(draw(page.cancelDataBtn, words::kCancel, card));
+  card->column()->addLayout(running);
   return card;
 }
 

@@ -8,11 +8,13 @@
 #include <cmath>
 
 #include "text/calendar.h"
+#include "window/colours.h"
 
 namespace zephon {
 namespace {
 
 constexpr double kAnyNumber = 1e9;  // beyond whatever a device holds
+constexpr int kHeight = 30;         // of a field beside a button
 
 bool isWhole(double value) {
   return value == std::floor(value);
@@ -48,6 +50,10 @@ bool changesText(const QKeyEvent& event) {
 
 NumberField::NumberField(QWidget* parent) : QDoubleSpinBox(parent) {
   setRange(-kAnyNumber, kAnyNumber);
+  setMinimumHeight(kHeight);
+  QPalette readable;  // a fixed value is still to be read
+  readable.setColor(QPalette::Disabled, QPalette::Text, tone(Tone::Muted, palette()));
+  setPalette(readable);
   setDecimals(0);
   setKeyboardTracking(false);
   setFocusPolicy(Qt::StrongFocus);
@@ -84,6 +90,7 @@ void NumberField::wheelEvent(QWheelEvent* event) {
 }
 
 DateField::DateField(QWidget* parent) : QDateTimeEdit(parent) {
+  setMinimumHeight(kHeight);
   setTimeSpec(Qt::UTC);
   setDisplayFormat(QStringLiteral("MM/dd/yy HH:mm:ss"));
   setLocale(QLocale::c());
@@ -114,7 +121,18 @@ void DateField::wheelEvent(QWheelEvent* event) {
 }
 
 TextField::TextField(QWidget* parent) : QLineEdit(parent) {
+  setMinimumHeight(kHeight);
   setFocusPolicy(Qt::StrongFocus);
+}
+
+// Only to be read: a number on the ground itself, in a larger type.
+void TextField::showAsNumber(double scale) {
+  setFrame(false);
+  setMinimumHeight(0);
+  setStyleSheet(QStringLiteral("background: transparent"));
+  QFont large = font();
+  large.setPointSizeF(large.pointSizeF() * scale);
+  setFont(large);
 }
 
 void TextField::keyPressEvent(QKeyEvent* event) {
@@ -130,6 +148,11 @@ void TextField::keyPressEvent(QKeyEvent* event) {
 void TextField::mouseReleaseEvent(QMouseEvent* event) {
   QLineEdit::mouseReleaseEvent(event);
   if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()) && onPress) onPress();
+}
+
+ChoiceField::ChoiceField(QWidget* parent) : QComboBox(parent) {
+  setMinimumHeight(kHeight);
+  setFocusPolicy(Qt::StrongFocus);
 }
 
 void ChoiceField::wheelEvent(QWheelEvent* event) {

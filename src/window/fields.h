@@ -48,6 +48,7 @@ class DateField : public QDateTimeEdit {
 class TextField : public QLineEdit {
  public:
   explicit TextField(QWidget* parent);
+  void showAsNumber(double scale);
   std::function<void()> onPress;
 
  protected:
@@ -57,7 +58,7 @@ class TextField : public QLineEdit {
 
 class ChoiceField : public QComboBox {
  public:
-  using QComboBox::QComboBox;
+  explicit ChoiceField(QWidget* parent);
 
  protected:
   void wheelEvent(QWheelEvent* event) override;

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <algorithm>
 #include <utility>
@@ -55,6 +56,7 @@ MainWindow::MainWindow(Main& main, std::function<void()> closing)
   const auto entitle = [this] { setWindowTitle(toQt(main_.frame.formCaption.caption())); };
   watchWhile(*this, main.frame.formCaption, entitle);
   entitle();
+  connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, [this] { close(); });
   resize(1180, 680);
 }
 

@@ -8,6 +8,7 @@
 #include "window/meter.h"
 #include "window/page.h"
 #include "window/panels.h"
+#include "window/reading.h"
 #include "window/record_bar.h"
 #include "window/tile_layout.h"
 #include "window/words.h"
@@ -16,7 +17,9 @@ namespace zephon {
 namespace {
 
 constexpr int kMeterWidth = 208;
-constexpr int kLegendWidth = 214;
+constexpr int kLegendWidth = 250;
+constexpr int kRateWidth = 80;
+constexpr double kCountScale = 1.25;
 constexpr int kMostColumns = 4;
 
 // The points at which the conditioner records and shuts down, once they are known.
@@ -26,30 +29,15 @@ std::vector<double> limitMarks(const Limits& limits) {
           static_cast<double>(limits.OVre), static_cast<double>(limits.OVco)};
 }
 
-TextField* drawNumber(TextBox& element, const Legend& legend, double scale, QWidget* parent) {
-  TextField* field = draw(element, legend, parent);
-  field->setFrame(false);
-  field->setCursor(Qt::PointingHandCursor);
-  QPalette clear = field->palette();
-  clear.setColor(QPalette::Base, Qt::transparent);
-  field->setPalette(clear);
-  QFont large = field->font();
-  large.setPointSizeF(large.pointSizeF() * scale);
-  field->setFont(large);
-  return field;
-}
-
+// A tile among the meters, but no meter: the device's total, and what it costs at the user's rate.
 QWidget* energyTile(Main& main, QWidget* parent) {
   MeasurementElements& page = main.measurement;
-  auto* tile = new Card(words::kEnergy, {&page.EUtxt}, parent);
+  auto* tile = new Card(QString(), {&page.EUtxt}, parent);
+  tile->setAccessibleName(words::kEnergy);
   QVBoxLayout* column = tile->column();
   column->setSpacing(4);
-
-  auto* total = new QHBoxLayout;
-  total->addWidget(drawNumber(page.EUtxt, words::kEnergy, 1.9, tile), 1);
-  total->addWidget(new QLabel(words::kKWh, tile), 0, Qt::AlignBottom);
-  column->addLayout(total);
-  column->addStretch(1);
+  column->addWidget(new QuietLabel(words::kEnergy, tile));
+  column->addWidget(drawReading(page.EUtxt, words::kEnergy, words::kKWh, tile), 1);
 
   auto* since = new QHBoxLayout;
   QLabel* date = draw(main.frame.EUlbl, tile);
@@ -60,9 +48,14 @@ QWidget* energyTile(Main& main, QWidget* parent) {
 
   auto* cost = new QHBoxLayout;
   TextField* rate = draw(page.EnRateTxt, words::kRate, tile);
-  rate->setPlaceholderText(words::kRate);
+  rate->setMaximumWidth(kRateWidth);
   cost->addWidget(rate, 1);
-  cost->addWidget(draw(page.EnCostLbl, tile), 1);
+  auto* perKWh = new QuietLabel(words::kPerKWh, tile);
+  showWhileAny(*perKWh, {&page.EnRateTxt});
+  cost->addWidget(perKWh);
+  QLabel* amount = draw(page.EnCostLbl, tile);
+  amount->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  cost->addWidget(amount, 1);
   column->addLayout(cost);
   return tile;
 }
@@ -91,14 +84,14 @@ QWidget* countCell(Slider& record, std::size_t pointer, Label& legend, TextBox& 
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(8);
   row->addWidget(drawSwatch(record, pointer, legend, cell));
+  TextField* field = draw(count, legend, cell);
+  field->showAsNumber(kCountScale);
+  field->setAlignment(Qt::AlignRight);
+  field->setFixedWidth(field->fontMetrics().horizontalAdvance(QStringLiteral("000000")));
+  row->addWidget(field);
   QLabel* words = draw(legend, cell);
-  words->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   words->setWordWrap(true);
   row->addWidget(words, 1);
-  TextField* field = draw(count, legend, cell);
-  field->setAlignment(Qt::AlignRight);
-  field->setFixedWidth(62);
-  row->addWidget(field);
   showWhileAny(*cell, {&legend, &count});
   return cell;
 }

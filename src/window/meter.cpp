@@ -9,6 +9,7 @@
 #include "window/card.h"
 #include "window/colours.h"
 #include "window/fitted_text.h"
+#include "window/reading.h"
 
 namespace zephon {
 namespace {
@@ -17,15 +18,8 @@ constexpr int kPadding = 14;
 constexpr double kBarHeight = 12;
 constexpr double kMark = 10;
 constexpr double kGap = 10;
-constexpr double kUnitGap = 0.22;  // of the number's size
-constexpr double kSmallestNumber = 12;
-constexpr double kLargestNumber = 54;
 constexpr int kTwoLineHeight = 150;
 constexpr int kMostSteps = 40;
-
-bool isNumber(const QString& text) {
-  return !text.isEmpty() && (text.front().isDigit() || (text.size() > 1 && text.at(1).isDigit()));
-}
 
 // Where a value lies on the axis, 0 to 1; beyond its ends it stands at the end.
 double share(const Slider::Axis& axis, double value) {
@@ -97,7 +91,7 @@ void Meter::setFace(const Face& face) {
 
 Zone Meter::zone() const {
   if (!face_.on) return Zone::Off;
-  if (!isNumber(face_.reading)) return Zone::Empty;
+  if (!Reading(face_.reading).any) return Zone::Empty;
   return face_.stale ? Zone::NotLive : face_.zone;
 }
 
@@ -107,55 +101,27 @@ QColor Meter::ink() const {
   return live ? palette().color(QPalette::Active, QPalette::Text) : tone(Tone::Muted, palette());
 }
 
-// The zone's word at the right. Where the title leaves no room for it, the title takes a second line or, in a
-// low meter, the mark stands without the word.
+// The zone's word stands at the right of the title. Where there is no room for both it goes below the title
+// or, in a low meter, the mark stands alone.
 void Meter::paintHead(QPainter& painter, const QRectF& box) const {
   const QFontMetricsF metrics(font());
   QString word = zoneWord(zone());
-  const double titleWidth = metrics.horizontalAdvance(face_.title);
-  const auto zoneWidth = [&] { return zone() == Zone::Empty ? 0 : metrics.horizontalAdvance(word) + kMark + 6; };
-  const bool tight = titleWidth + kGap + zoneWidth() > box.width();
-  const bool twoLines = tight && height() >= kTwoLineHeight;
-  if (tight && !twoLines) word.clear();
+  const auto zoneWidth = [&] {
+    return zone() == Zone::Empty ? 0 : kMark + (word.isEmpty() ? 0 : metrics.horizontalAdvance(word) + 6);
+  };
+  const bool tight = metrics.horizontalAdvance(face_.title) + kGap + zoneWidth() > box.width();
+  const bool below = tight && height() >= kTwoLineHeight;
+  if (tight && !below) word.clear();
 
+  const QRectF line = below ? box.translated(0, box.height() + 3) : box;
+  const QRectF mark(line.right() - zoneWidth(), line.center().y() - kMark / 2, kMark, kMark);
+  drawZoneMark(painter, mark, zone(), palette());
   painter.setFont(font());
   painter.setPen(zoneColour(zone(), palette()));
-  painter.drawText(box, Qt::AlignRight | Qt::AlignVCenter, word);
-  const QRectF mark(box.right() - zoneWidth(), box.center().y() - kMark / 2, kMark, kMark);
-  drawZoneMark(painter, mark, zone(), palette());
+  painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, word);
   painter.setPen(tone(Tone::Muted, palette()));
-  const QRectF title = box.adjusted(0, 0, -zoneWidth() - kGap, twoLines ? box.height() : 0);
-  drawFitted(painter, title, Qt::AlignLeft | Qt::AlignTop, face_.title, font(), twoLines ? 2 : 1);
-}
-
-// The number as large as the height allows, the unit half as large on the same base line. In a narrow meter
-// the unit gives way first.
-void Meter::paintReading(QPainter& painter, const QRectF& box) const {
-  const bool number = isNumber(face_.reading);
-  const qsizetype cut = number ? face_.reading.indexOf(QLatin1Char(' ')) : -1;
-  const QString digits = number ? face_.reading.left(cut) : QStringLiteral("\u2013");
-  const QString unit = number ? (cut < 0 ? QString() : face_.reading.mid(cut + 1)) : face_.reading;
-  const auto width = [this](const QString& text, double points) {
-    return QFontMetricsF(scaled(font(), points)).horizontalAdvance(text);
-  };
-
-  double large = std::clamp(box.height() * 0.6, kSmallestNumber, kLargestNumber);
-  double small = large * 0.5;
-  const auto fits = [&] { return width(digits, large) + large * kUnitGap + width(unit, small) <= box.width(); };
-  while (!fits() && small > large * 0.28) small -= 0.5;
-  while (!fits() && large > kSmallestNumber) {
-    large -= 0.5;
-    small = std::min(small, large * 0.5);
-  }
-
-  const QFontMetricsF metrics(scaled(font(), large));
-  const double base = box.center().y() + metrics.capHeight() / 2;
-  painter.setPen(ink());
-  painter.setFont(scaled(font(), large));
-  painter.drawText(QPointF(box.left() - large * 0.06, base), digits);
-  painter.setFont(scaled(font(), small));
-  painter.setPen(tone(Tone::Muted, palette()));
-  painter.drawText(QPointF(box.left() + metrics.horizontalAdvance(digits) + large * kUnitGap, base), unit);
+  const QRectF title = box.adjusted(0, 0, below ? 0 : -zoneWidth() - kGap, 0);
+  drawFitted(painter, title, Qt::AlignLeft | Qt::AlignVCenter, face_.title, font(), 1);
 }
 
 // From the scale's zero, where it has one inside, else from its start, to the value. A value beyond the scale
@@ -215,7 +181,9 @@ void Meter::paintEvent(QPaintEvent* /*event*/) {
   const QRectF head(box.left(), box.top(), box.width(), line);
   const QRectF bar(box.left(), box.bottom() - line - 6 - kBarHeight, box.width(), kBarHeight);
   paintHead(painter, head);
-  paintReading(painter, QRectF(box.left(), head.bottom(), box.width(), bar.top() - 8 - head.bottom()));
+  painter.setBackground(tone(Tone::Card, palette()));
+  drawReading(painter, QRectF(box.left(), head.bottom(), box.width(), bar.top() - 8 - head.bottom()),
+              Reading(face_.reading), font(), ink());
   paintBar(painter, bar);
   paintScale(painter, bar);
 }

@@ -39,7 +39,6 @@ class Meter : public Pressable {
  private:
   QColor ink() const;
   void paintHead(QPainter& painter, const QRectF& box) const;
-  void paintReading(QPainter& painter, const QRectF& box) const;
   void paintBar(QPainter& painter, const QRectF& bar) const;
   void paintScale(QPainter& painter, const QRectF& bar) const;
 

@@ -10,13 +10,13 @@
 namespace zephon {
 namespace {
 
-constexpr int kTileWidth = 250;
-constexpr int kTileHeight = 190;
+constexpr int kTileWidth = 176;
+constexpr int kTileHeight = 150;
 
 void add(TileLayout& tiles, Button& element, const QString& heading, StateButton::Look look, Zone lit,
          QWidget* parent) {
   auto* card = new Card(heading, {&element}, parent);
-  card->setMaximumHeight(kTileHeight);
+  card->setMinimumHeight(kTileHeight);
   StateButton* button =
       draw(element, look == StateButton::Look::Indicator ? words::kNoFault : heading, card, look);
   button->setLamp(lit);
@@ -28,9 +28,11 @@ void add(TileLayout& tiles, Button& element, const QString& heading, StateButton
 
 QWidget* outletsPanel(Main& main, QWidget* parent) {
   const ScrolledPage made = scrolledPage(words::kOutlets, parent);
+  auto* column = new QVBoxLayout(made.content);
+  column->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
   auto* tiles = new TileLayout(kTileWidth, 3, kPageGap);
-  tiles->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
-  made.content->setLayout(tiles);
+  column->addLayout(tiles);
+  column->addStretch(1);
   OutletElements& page = main.outlets;
   add(*tiles, page.oOnBtn, words::kSwitch, StateButton::Look::Large, Zone::Good, made.content);
   add(*tiles, page.oCycBtn, words::kCycle, StateButton::Look::Large, Zone::Caution, made.content);

@@ -10,7 +10,7 @@
 namespace zephon {
 namespace {
 
-constexpr int kControlsWidth = 236;
+constexpr int kControlsWidth = 268;
 
 QScrollArea* scrollArea(const QString& name, QWidget* parent) {
   auto* area = new QScrollArea(parent);
@@ -47,7 +47,7 @@ GraphPage graphPage(const QString& name, QWidget* parent) {
   side->setFixedWidth(kControlsWidth);
   made.controls = side->widget();
   auto* whole = new QVBoxLayout(made.controls);
-  whole->setContentsMargins(0, 0, 0, 0);
+  whole->setContentsMargins(0, 0, 2, 0);
   made.column = new QVBoxLayout;
   made.column->setSpacing(kPageGap);
   whole->addLayout(made.column);

@@ -31,9 +31,14 @@ void Pressable::focusInEvent(QFocusEvent* event) {
   switch (event->reason()) {
     case Qt::TabFocusReason:
     case Qt::BacktabFocusReason:
-    case Qt::ShortcutFocusReason: byKeyboard_ = true; break;
-    case Qt::MouseFocusReason: byKeyboard_ = false; break;
-    default: break;
+    case Qt::ShortcutFocusReason:
+      byKeyboard_ = true;
+      break;
+    case Qt::MouseFocusReason:
+      byKeyboard_ = false;
+      break;
+    default:
+      break;
   }
   QAbstractButton::focusInEvent(event);
 }

@@ -1,17 +1,22 @@
 #include "window/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
 #include <algorithm>
 
 #include "window/bindings.h"
 
 namespace zephon {
 namespace {
+
+constexpr int kLinesOfPage = 8;
 
 QString titleOf(const QWidget* window) {
   return window ? window->windowTitle() : QApplication::applicationDisplayName();
@@ -44,8 +49,27 @@ int QtDialogs::run(QDialog& dialog) {
   return closed_ ? static_cast<int>(QDialog::Rejected) : dialog.exec();
 }
 
+// A page of text scrolls; a box as high as its text would not fit a small screen.
+void QtDialogs::page(const QString& text) {
+  QDialog box(window_);
+  box.setWindowTitle(titleOf(window_));
+  auto* column = new QVBoxLayout(&box);
+  auto* shown = new QPlainTextEdit(text, &box);
+  shown->setReadOnly(true);
+  shown->setTabChangesFocus(true);
+  shown->setAccessibleName(box.windowTitle());
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, &box);
+  QObject::connect(buttons, &QDialogButtonBox::rejected, &box, &QDialog::reject);
+  column->addWidget(shown);
+  column->addWidget(buttons);
+  box.resize(620, 420);
+  run(box);
+}
+
 void QtDialogs::message(const std::string& text, const std::string& advice) {
-  QMessageBox box(QMessageBox::Warning, titleOf(window_), toQt(text), QMessageBox::Ok, window_);
+  if (std::count(text.begin(), text.end(), '\n') >= kLinesOfPage) return page(toQt(text));
+  QMessageBox box(advice.empty() ? QMessageBox::Information : QMessageBox::Warning, titleOf(window_),
+                  toQt(text), QMessageBox::Ok, window_);
   box.setTextFormat(Qt::PlainText);
   box.setInformativeText(toQt(advice));
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -29,6 +29,7 @@ class QtDialogs : public Dialogs {
 
  private:
   int run(QDialog& dialog);
+  void page(const QString& text);
   std::optional<std::string> runFile(QFileDialog& dialog, const FileQuestion& question);
 
   QPointer<QWidget> window_;

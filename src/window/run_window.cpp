@@ -5,9 +5,15 @@
 #include <unistd.h>
 
 #include <QApplication>
+#include <QIcon>
+#include <QPainter>
+#include <QPixmap>
 #include <QSocketNotifier>
 #include <array>
+#include <memory>
+#include <utility>
 
+#include "window/glyph.h"
 #include "window/main_window.h"
 #include "window/qt_dialogs.h"
 #include "window/qt_loop.h"
@@ -50,6 +56,19 @@ class SignalWatch {
   bool stands_ = false;
 };
 
+QIcon programIcon() {
+  QIcon icon;
+  for (const int side : {16, 32, 64, 128}) {
+    QPixmap picture(side, side);
+    picture.fill(QColor(0x24, 0x4a, 0x66));
+    QPainter painter(&picture);
+    drawGlyph(painter, QRectF(picture.rect()).adjusted(side * 0.1, side * 0.1, -side * 0.1, -side * 0.1),
+              Glyph::Measure, Qt::white);
+    icon.addPixmap(picture);
+  }
+  return icon;
+}
+
 int showWindow(Main& main, QtDialogs& dialogs, const std::function<void()>& closing) {
   MainWindow window(main, [&] {
     if (closing) closing();
@@ -57,9 +76,9 @@ int showWindow(Main& main, QtDialogs& dialogs, const std::function<void()>& clos
     QCoreApplication::exit(0);
   });
   dialogs.setWindow(&window);
-  const SignalWatch signals_;
+  const SignalWatch signalWatch;
   std::unique_ptr<QSocketNotifier> caught;
-  if (signals_.stands()) {
+  if (signalWatch.stands()) {
     caught = std::make_unique<QSocketNotifier>(signalPipe[0], QSocketNotifier::Read);
     QObject::connect(caught.get(), &QSocketNotifier::activated, &window, [&] {
       caught->setEnabled(false);
@@ -74,6 +93,7 @@ int showWindow(Main& main, QtDialogs& dialogs, const std::function<void()>& clos
 
 int runWindow(int& argc, char** argv, const std::function<int(const WindowedProgram&)>& program) {
   QApplication application(argc, argv);
+  QApplication::setWindowIcon(programIcon());
   QApplication::setQuitOnLastWindowClosed(false);  // a box that closes before the window stands ends nothing
   QtLoop loop;
   QtDialogs dialogs;

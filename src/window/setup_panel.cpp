@@ -18,10 +18,12 @@ namespace {
 const QString kVolts = QStringLiteral("V");
 const QString kAmps = QStringLiteral("A");
 
+constexpr int kTwoColumns = 720;
+constexpr int kThreeColumns = 1080;
+
 // "130 – 160 V", as the editor's range stands.
 QLabel* drawRange(NumEdit& element, const QString& unit, QWidget* parent) {
-  auto* label = new QLabel(parent);
-  label->setForegroundRole(QPalette::PlaceholderText);
+  auto* label = new QuietLabel(QString(), parent);
   const auto show = [label, &element, unit] {
     const NumEdit::Range& range = element.range();
     label->setText(QStringLiteral("%1 \u2013 %2 %3").arg(range.minimum).arg(range.maximum).arg(unit));
@@ -51,7 +53,6 @@ QWidget* limitsCard(SetupElements& page, QWidget* parent) {
   int line = 0;
   for (const Row& row : rows) {
     QLabel* legend = draw(*row.legend, card);
-    legend->setWordWrap(true);
     grid->addWidget(legend, line, 0);
     NumberField* field = draw(*row.editor, *row.legend, row.unit, card);
     field->setMinimumWidth(92);
@@ -160,8 +161,10 @@ class Columns : public QWidget {
  protected:
   void resizeEvent(QResizeEvent* event) override {
     const int width = event->size().width();
-    outer_->setDirection(width >= 620 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
-    inner_->setDirection(width >= 940 ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    outer_->setStretch(0, 1);
+    outer_->setStretch(1, width >= kThreeColumns ? 2 : 1);
+    outer_->setDirection(width >= kTwoColumns ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+    inner_->setDirection(width >= kThreeColumns ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
   }
 
  private:

@@ -9,17 +9,23 @@
 namespace zephon {
 namespace {
 
-constexpr int kTextWidth = 520;
+constexpr int kTextWidth = 600;
+
+QFont larger(QFont font, double factor) {
+  font.setPointSizeF(font.pointSizeF() * factor);
+  return font;
+}
 
 void addStep(QVBoxLayout& column, int number, const QString& text, QWidget* parent) {
   auto* row = new QHBoxLayout;
   row->setSpacing(14);
   auto* mark = new QLabel(QString::number(number), parent);
-  QFont bold = mark->font();
+  QFont bold = larger(mark->font(), 1.15);
   bold.setBold(true);
   mark->setFont(bold);
   row->addWidget(mark, 0, Qt::AlignTop);
   auto* words = new QLabel(text, parent);
+  words->setFont(larger(words->font(), 1.15));
   words->setWordWrap(true);
   row->addWidget(words, 1);
   column.addLayout(row);
@@ -33,11 +39,9 @@ QWidget* startPanel(Main& /*main*/, QWidget* parent) {
   auto* text = new QWidget(made.content);
   text->setMaximumWidth(kTextWidth);
   auto* column = new QVBoxLayout(text);
-  column->setSpacing(12);
+  column->setSpacing(16);
   auto* title = new QLabel(words::kStartTitle, text);
-  QFont large = title->font();
-  large.setPointSizeF(large.pointSizeF() * 1.6);
-  title->setFont(large);
+  title->setFont(larger(title->font(), 1.8));
   title->setWordWrap(true);
   column->addStretch(2);
   column->addWidget(title);

@@ -16,6 +16,7 @@ constexpr int kLamp = 10;
 constexpr int kGap = 8;
 constexpr int kRadius = 4;
 constexpr QSize kSwitch(52, 28);
+constexpr int kRailWidth = 100;
 constexpr int kTallRail = 50;  // from here up a page's word stands under its drawing
 
 }  // namespace
@@ -45,9 +46,10 @@ void StateButton::setLamp(Zone lit) {
 
 QFont StateButton::captionFont() const {
   QFont used = font();
-  if (shows(Look::Large) || shows(Look::Indicator)) used.setPointSizeF(used.pointSizeF() * 1.4);
-  if (shows(Look::Rail)) used.setPointSizeF(used.pointSizeF() * 0.95);
-  if (isChecked() && !shows(Look::Indicator)) used.setBold(true);
+  const bool own = testAttribute(Qt::WA_SetFont);  // its element names a size
+  if (shows(Look::Large) || shows(Look::Indicator)) used.setPointSizeF(used.pointSizeF() * 1.7);
+  if (shows(Look::Plain) && !own) used.setPointSizeF(used.pointSizeF() * 1.15);
+  if (isChecked()) used.setBold(true);
   return used;
 }
 
@@ -56,7 +58,7 @@ QSize StateButton::sizeHint() const {
   bold.setBold(true);  // so that a press does not move its neighbours
   const QFontMetrics metrics(bold);
   const int text = metrics.horizontalAdvance(caption_);
-  if (shows(Look::Rail)) return {std::clamp(text + 2 * kPadding, 84, 120), 64};
+  if (shows(Look::Rail)) return {std::clamp(text + 2 * kPadding, kRailWidth, 124), 64};
   if (shows(Look::Switch)) return kSwitch;
   if (!shows(Look::Plain)) return {text + 4 * kPadding + kLamp, 96};
   int width = text + 2 * kPadding;
@@ -67,7 +69,7 @@ QSize StateButton::sizeHint() const {
 
 QSize StateButton::minimumSizeHint() const {
   const QSize wanted = sizeHint();
-  if (shows(Look::Rail)) return {84, 26};
+  if (shows(Look::Rail)) return {kRailWidth, 26};
   if (shows(Look::Switch)) return kSwitch;
   if (!shows(Look::Plain)) return {150, 72};
   return {std::min(wanted.width(), 72), wanted.height()};
@@ -81,15 +83,17 @@ QColor StateButton::ink() const {
 
 void StateButton::paintGround(QPainter& painter) const {
   const QRectF box = QRectF(rect()).adjusted(1, 1, -1, -1);
+  const bool signal = isChecked() && shows(Look::Indicator);
   const bool lit = isChecked() && isEnabled() && !shows(Look::Switch);
   QColor ground = lit ? tone(Tone::Selected, palette()) : palette().color(QPalette::Active, QPalette::Button);
-  if (!isEnabled()) ground = Qt::transparent;
+  if (!isEnabled())
+    ground = signal ? mixed(tone(Tone::Card, palette()), zoneColour(lit_, palette()), 0.15) : Qt::transparent;
   if (isDown()) ground = mixed(ground, ink(), 0.18);
   if (underMouse() && isEnabled() && !isDown()) ground = mixed(ground, ink(), 0.06);
   const bool bordered = !shows(Look::Rail);
-  const QColor border =
-      lit ? palette().color(QPalette::Active, QPalette::Highlight) : tone(Tone::Line, palette());
-  painter.setPen(bordered ? QPen(border, 1) : QPen(Qt::NoPen));
+  QColor border = lit ? palette().color(QPalette::Active, QPalette::Highlight) : tone(Tone::Line, palette());
+  if (signal) border = zoneColour(lit_, palette());
+  painter.setPen(bordered ? QPen(border, signal ? 2 : 1) : QPen(Qt::NoPen));
   if (bordered || isEnabled()) {
     const bool flat = !bordered && !lit && !isDown() && !underMouse();
     painter.setBrush(flat ? QBrush() : QBrush(ground));
@@ -131,10 +135,11 @@ void StateButton::paintSwitch(QPainter& painter) {
 }
 
 void StateButton::paintRow(QPainter& painter) {
-  QRectF box = QRectF(rect()).adjusted(kPadding, 3, -kPadding, -3);
   const bool big = !shows(Look::Plain);
+  const double edge = big ? 2 * kPadding : kPadding;
+  QRectF box = QRectF(rect()).adjusted(edge, 3, -edge, -3);
   if (isCheckable()) {
-    const double side = big ? 1.8 * kLamp : kLamp;
+    const double side = big ? 2 * kLamp : kLamp;
     const QRectF lamp(box.left(), box.center().y() - side / 2, side, side);
     if (isChecked() && lit_ != Zone::Empty) {
       drawZoneMark(painter, lamp, lit_, palette());

@@ -15,20 +15,10 @@ namespace {
 using testing_support::BareMain;
 
 QPalette darkPalette() {
-  QPalette dark;
-  const QColor text(0xe8, 0xe8, 0xe8);
-  dark.setColor(QPalette::Window, QColor(0x2b, 0x2d, 0x30));
+  QPalette dark(QColor(0x3a, 0x3d, 0x41), QColor(0x2b, 0x2d, 0x30));
   dark.setColor(QPalette::Base, QColor(0x1f, 0x21, 0x24));
-  dark.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2b));
-  dark.setColor(QPalette::Button, QColor(0x36, 0x39, 0x3d));
-  dark.setColor(QPalette::ToolTipBase, QColor(0x36, 0x39, 0x3d));
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
-    dark.setColor(role, text);
-  dark.setColor(QPalette::PlaceholderText, QColor(0x9a, 0x9d, 0xa1));
   dark.setColor(QPalette::Highlight, QColor(0x4c, 0x9a, 0xe8));
   dark.setColor(QPalette::HighlightedText, Qt::white);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    dark.setColor(QPalette::Disabled, role, QColor(0x86, 0x89, 0x8d));
   return dark;
 }
 
@@ -44,9 +34,12 @@ void fillMeasurement(Main& main) {
   MeasurementElements& m = main.measurement;
   main.limits = {80, 100, 105, 140, 145, 150};
   const Reading readings[] = {
-      {&m.VlnSlide, &m.VlnLbl, 118.42, "118.42 V", kGreen}, {&m.ISlide, &m.Ilbl, 17.2, "17.20 A", kYellow},
-      {&m.PSlide, &m.Plbl, 1932.5, "1932.5 W", kYellow},    {&m.VngSlide, &m.VngLbl, 6.2, "6.204 V", kRed},
-      {&m.fSlide, &m.fLbl, 59.98, "59.98 Hz", kGreen},      {&m.pfSlide, &m.pfLbl, 0.949, "0.949 PF Inductive", kGreen},
+      {&m.VlnSlide, &m.VlnLbl, 118.42, "118.42 V", kGreen},
+      {&m.ISlide, &m.Ilbl, 17.2, "17.20 A", kYellow},
+      {&m.PSlide, &m.Plbl, 1932.5, "1932.5 W", kYellow},
+      {&m.VngSlide, &m.VngLbl, 6.2, "6.204 V", kRed},
+      {&m.fSlide, &m.fLbl, 59.98, "59.98 Hz", kGreen},
+      {&m.pfSlide, &m.pfLbl, 0.949, "0.949 PF Inductive", kGreen},
   };
   for (const Reading& each : readings) {
     each.slide->setValue(each.value);
@@ -87,7 +80,8 @@ void fillRest(Main& main) {
   main.outlets.oCycBtn.setOffText("Press to Cycle Outlets");
   main.chart.chartIntervalSlide.setValue(5);
   main.chart.chartIntervalSlide.setTooltip("Chart Interval (5 x 1 sec)");
-  for (Button* plot : {&main.chart.vlnChartBtn, &main.chart.aChartBtn, &main.chart.pChartBtn}) plot->setValue(true);
+  for (Button* plot : {&main.chart.vlnChartBtn, &main.chart.aChartBtn, &main.chart.pChartBtn})
+    plot->setValue(true);
   main.scope.xTimeLbl.setCaption("6 ms/Div");
   main.scope.CH1togBtn.setValue(true);
   main.scope.p1upBtn.setTexts("Ch1: 100 V/Div");
@@ -142,7 +136,8 @@ void shoot(const QString& folder, const QString& look, const QSize& size) {
 
   bare.open(&Pages::measuring);
   fillMeasurement(main);
-  for (Label* label : {&main.measurement.VlnLbl, &main.measurement.Ilbl, &main.measurement.Plbl}) label->setStale(true);
+  for (Label* label : {&main.measurement.VlnLbl, &main.measurement.Ilbl, &main.measurement.Plbl})
+    label->setStale(true);
   main.measurement.POrecTxt.setStale(true);
   main.measurement.EUtxt.setStale(true);
   save(QStringLiteral("stale"));
@@ -166,6 +161,7 @@ void shoot(const QString& folder, const QString& look, const QSize& size) {
   main.data.maxMinHistBtn.setVisible(true);
   main.data.dataProgSlide.setVisible(true);
   main.data.dataProgSlide.setValue(42);
+  main.data.cancelDataBtn.setVisible(true);
   main.data.clrTsDataBtn.setVisible(false);
   main.data.tsDataBtn.setTexts("Downloading...");
   main.link.modelLine = 0;

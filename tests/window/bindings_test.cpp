@@ -1,0 +1,299 @@
+#include "window/bindings.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <vector>
+
+#include "window/fields.h"
+#include "window/meter.h"
+#include "window/reading.h"
+#include "window/record_bar.h"
+#include "window/window_fixture.h"
+#include "window/words.h"
+
+namespace zephon {
+namespace {
+
+class Bindings : public testing_support::WindowTest {
+ protected:
+  int changesOf(Element& element, const std::function<void()>& run) {
+    int count = 0;
+    const auto id = element.watch([&count] { ++count; });
+    run();
+    element.unwatch(id);
+    return count;
+  }
+  static void type(QWidget* field, const QString& text) {
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(field, text);
+  }
+};
+
+TEST_F(Bindings, EveryElementHasAWidgetThatFollowsIt) {
+  // Their readings stand in their meters.
+  const std::vector<const Element*> inMeters = {
+      &main.measurement.VlnLbl, &main.measurement.Ilbl,  &main.measurement.Plbl, &main.measurement.VngLbl,
+      &main.measurement.fLbl,   &main.measurement.pfLbl, &main.measurement.cfLbl};
+  int found = 0;
+  for (Element* element : main.elements.all()) {
+    const bool drawnHere = dynamic_cast<Button*>(element) || dynamic_cast<Slider*>(element) ||
+                           dynamic_cast<NumEdit*>(element) || dynamic_cast<TextBox*>(element) ||
+                           dynamic_cast<Combo*>(element) || dynamic_cast<DateEdit*>(element) ||
+                           dynamic_cast<Label*>(element);
+    if (!drawnHere || std::count(inMeters.begin(), inMeters.end(), element) > 0) continue;
+    ++found;
+    auto* widget = find(*element);
+    if (!widget) continue;
+    for (const bool on : {true, false, true}) {
+      element->setVisible(on);
+      EXPECT_EQ(widget->isHidden(), !on) << element->name();
+      element->setEnabled(on);
+      EXPECT_EQ(widget->isEnabled(), on) << element->name();
+    }
+    element->setTooltip("told by the test");
+    EXPECT_TRUE(widget->toolTip().startsWith("told by the test")) << element->name();
+    element->setFontSize(17);
+    EXPECT_EQ(widget->font().pointSize(), 17) << element->name();
+  }
+  EXPECT_GT(found, 80);
+}
+
+TEST_F(Bindings, AButtonIsPressedInEveryWayOnce) {
+  Button& element = main.outlets.oOnBtn;
+  open(&Pages::outletsOn);
+  std::vector<MouseButton> pressed;
+  element.onMouseUp = [&](MouseButton mouse) { pressed.push_back(mouse); };
+  auto* button = find<StateButton>(element);
+  QTest::mouseClick(button, Qt::LeftButton);
+  QTest::mouseClick(button, Qt::RightButton);
+  QTest::keyClick(button, Qt::Key_Space);
+  QTest::keyClick(button, Qt::Key_Return);
+  auto* reader = QAccessible::queryAccessibleInterface(button);
+  reader->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(pressed, (std::vector{MouseButton::Left, MouseButton::Right, MouseButton::Left, MouseButton::Left,
+                                  MouseButton::Left}));
+  EXPECT_FALSE(element.value());
+  EXPECT_EQ(button->isChecked(), element.value());
+
+  element.setEnabled(false);
+  QTest::mouseClick(button, Qt::LeftButton);
+  QTest::mouseClick(button, Qt::RightButton);
+  EXPECT_EQ(pressed.size(), 5U);
+}
+
+TEST_F(Bindings, AButtonShowsWhatTheElementHolds) {
+  Button& element = main.setup.enableGndBtn;
+  open(&Pages::setupOn);
+  auto* button = find<StateButton>(element);
+  element.onChange = [&](bool on) {
+    if (on) element.setValue(false);  // the device refused
+  };
+  QTest::mouseClick(button, Qt::LeftButton);
+  EXPECT_FALSE(button->isChecked());
+  element.setOnText("on");
+  element.setOffText("off");
+  EXPECT_EQ(button->accessibleName(), "off");
+  element.onChange = {};
+  element.setValue(true);
+  EXPECT_EQ(button->caption(), "on");
+  EXPECT_TRUE(button->isChecked());
+  element.setTexts("");
+  EXPECT_EQ(button->accessibleName(), words::kGroundDetection) << "never nameless";
+}
+
+TEST_F(Bindings, ANumberIsHeldToItsRangeOnlyByTheUser) {
+  NumEdit& element = main.setup.OVcoNumEdit;
+  open(&Pages::setupOn);
+  auto* field = find<NumberField>(element);
+  EXPECT_EQ(field->text(), "150 V");
+  EXPECT_EQ(field->accessibleName(), "Over Voltage Shutdown (V)");
+  element.setValue(7);  // an odd value of the device is seen
+  EXPECT_EQ(field->text(), "7 V");
+
+  struct Entry {
+    const char* typed;
+    double held;
+  };
+  for (const Entry& entry : {Entry{"155", 155}, Entry{"500", 160}, Entry{"500", 160}, Entry{"3", 130}}) {
+    type(field, entry.typed);
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(element.value(), entry.held);
+    EXPECT_EQ(field->value(), entry.held) << "typed " << entry.typed;
+  }
+  QTest::keyClick(field, Qt::Key_Down);
+  EXPECT_EQ(element.value(), 130);
+  element.setRange({130, 160, 5});
+  QTest::keyClick(field, Qt::Key_Up);
+  EXPECT_EQ(element.value(), 135);
+
+  element.onChange = [&](double value, double previous) {
+    if (value == 140 && previous == 135) element.setValue(150);  // a gap in the device's list
+  };
+  QTest::keyClick(field, Qt::Key_Up);
+  EXPECT_EQ(field->text(), "150 V");
+  main.setup.OVcoLbl.setCaption("Surtension");
+  EXPECT_EQ(field->accessibleName(), "Surtension (V)");
+}
+
+TEST_F(Bindings, ADateStandsStillWhileItIsEdited) {
+  DateEdit& element = main.setup.timeNumEdit;
+  open(&Pages::setupOn);
+  int begun = 0;
+  element.onEditStart = [&] { ++begun; };
+  auto* field = find<DateField>(element);
+  element.setValue(45356 + 9.5 / 24);  // 5 March 2024
+  EXPECT_EQ(field->text(), "03/05/24 09:30:00");
+  EXPECT_EQ(begun, 0);
+
+  field->setFocus();
+  QTest::keyClick(field, Qt::Key_Home);
+  QTest::keyClick(field, Qt::Key_Right);
+  EXPECT_EQ(begun, 0) << "moving about changes nothing";
+  field->setSelectedSection(QDateTimeEdit::YearSection);
+  QTest::keyClicks(field, "31");
+  EXPECT_GT(begun, 0);
+  EXPECT_EQ(field->text(), "03/05/31 09:30:00");
+  EXPECT_NEAR(element.value(), 47912 + 9.5 / 24, 1e-6) << "5 March 2031";
+  field->setSelectedSection(QDateTimeEdit::SecondSection);
+  QTest::keyClick(field, Qt::Key_Up);
+  EXPECT_EQ(field->text(), "03/05/31 09:30:01");
+}
+
+TEST_F(Bindings, TextGoesBothWaysWithoutAnEcho) {
+  TextBox& element = main.setup.userIDtxt;
+  open(&Pages::setupOn);
+  auto* field = find<QLineEdit>(element);
+  EXPECT_EQ(changesOf(element, [&] { type(field, "BOOTH 4 and more"); }), 10);
+  EXPECT_EQ(element.text(), "BOOTH 4 an") << "ten characters";
+  EXPECT_EQ(changesOf(element, [&] { element.setText("BOOTH"); }), 1);
+  EXPECT_EQ(field->text(), "BOOTH");
+  element.setText("B\u00fcro");
+  EXPECT_EQ(field->text(), QStringLiteral("B\u00fcro"));
+
+  TextBox& count = main.measurement.POrecTxt;
+  open(&Pages::measuring);
+  auto* fixed = find<QLineEdit>(count);
+  type(fixed, "99");
+  EXPECT_EQ(count.text(), "0");
+  EXPECT_EQ(fixed->accessibleName(), "Power Outages");
+  count.setStale(true);
+  EXPECT_EQ(fixed->accessibleDescription(), words::kNotLive);
+}
+
+TEST_F(Bindings, AChoiceIsTheUsersOnce) {
+  Combo& element = main.com.langCombo;
+  open(&Pages::comOn);
+  element.setVisible(true);
+  int clicks = 0;
+  element.onClick = [&] { ++clicks; };
+  element.setItems({"DE", "EN", "FR"});
+  element.setIndex(1);
+  EXPECT_EQ(clicks, 1);
+  for (auto* field : window.findChildren<ChoiceField*>("langCombo")) EXPECT_EQ(field->currentText(), "EN");
+  auto* field = find<ChoiceField>(element);
+  element.onClick = [&] {
+    if (!element.enabled()) return;
+    element.setEnabled(false);
+    element.setItems({"DE", "FR"});  // as loading a language does
+    element.setIndex(0);
+    element.setEnabled(true);
+  };
+  emit field->activated(2);
+  EXPECT_EQ(element.index(), 0);
+  EXPECT_EQ(field->currentText(), "DE");
+}
+
+TEST_F(Bindings, AMeterTellsItsZoneInWords) {
+  MeasurementElements& page = main.measurement;
+  open(&Pages::measuring);
+  auto* meter = find<Meter>(page.VlnSlide);
+  struct State {
+    const char* caption;
+    Colour colour;
+    bool stale;
+    int mode;
+    Zone zone;
+  };
+  for (const State& state :
+       {State{"V", kGreen, false, 1, Zone::Empty}, State{"118.42 V", kGreen, false, 1, Zone::Good},
+        State{"103.10 V", kYellow, false, 1, Zone::Caution}, State{"0 V", kRed, false, 1, Zone::Alarm},
+        State{"0-3 V", kGreen, false, 1, Zone::Good}, State{"118.42 V", kRed, true, 1, Zone::NotLive},
+        State{"V", kRed, false, 0, Zone::Off}}) {
+    page.VlnLbl.setCaption(state.caption);
+    page.VlnLbl.setStale(state.stale);
+    page.VlnSlide.setPointerColour(0, state.colour);
+    page.VlnSlide.setPointerMode(0, state.mode);
+    EXPECT_EQ(meter->zone(), state.zone) << state.caption;
+    EXPECT_TRUE(meter->accessibleDescription().contains(zoneWord(state.zone)));
+    EXPECT_TRUE(meter->accessibleDescription().contains(state.caption));
+  }
+  EXPECT_EQ(meter->accessibleName(), "RMS Line Voltage");
+  int clicks = 0;
+  page.VlnSlide.onClick = [&] { ++clicks; };
+  QTest::mouseClick(meter, Qt::LeftButton);
+  QTest::mouseClick(meter, Qt::RightButton);
+  QTest::keyClick(meter, Qt::Key_Space);
+  EXPECT_EQ(clicks, 2);
+
+  int folds = 0;
+  page.EUtxt.onClick = [&] { ++folds; };
+  page.EUtxt.setText("12.5000");
+  auto* energy = find<ReadingButton>(page.EUtxt);
+  EXPECT_EQ(energy->text(), "12.5000 kWh");
+  QTest::keyClick(energy, Qt::Key_Return);
+  EXPECT_EQ(folds, 1);
+}
+
+TEST_F(Bindings, TheBarStacksItsShares) {
+  Slider& record = main.measurement.recSlide;
+  open(&Pages::measuring);
+  struct Share {
+    double upTo;
+    Colour colour;
+  };
+  // A class without a share may hold less than the ones before it.
+  constexpr Share kShares[] = {{25, 0x0000FF}, {0, 0x00FF00}, {50, 0xFF0000}, {50, 0x00FFFF},
+                               {0, 0xFF00FF},  {0, 0x808080}, {75, 0x00FF00}};
+  for (std::size_t i = 0; i < 7; ++i) {
+    record.setPointerValue(i + 1, kShares[i].upTo);
+    record.setPointerColour(i + 1, kShares[i].colour);
+  }
+  auto* bar = find<RecordBar>(record);
+  settle();
+  // A share's pattern covers some of its pixels, so its own colour is looked for nearby.
+  const auto shows = [bar](double percent, const QColor& colour) {
+    const QImage picture = bar->grab().toImage();
+    const int from = static_cast<int>(percent / 100 * picture.width());
+    for (int x = from; x < from + 10; ++x)
+      for (int y = 8; y < 18; ++y)
+        if (picture.pixelColor(x, y) == colour) return true;
+    return false;
+  };
+  EXPECT_TRUE(shows(10, Qt::red));
+  EXPECT_TRUE(shows(40, Qt::blue));
+  EXPECT_TRUE(shows(60, Qt::green));
+  EXPECT_FALSE(shows(85, Qt::green));
+  record.setPointerMode(0, 0);
+  EXPECT_FALSE(shows(10, Qt::red));
+}
+
+TEST_F(Bindings, TheFocusComesBackToAControlThatWasAwayForAMoment) {
+  open(&Pages::setupOn);
+  QWidget* button = find(main.setup.updateLimsBtn);
+  QWidget* other = find(main.setup.userIDtxt);
+  button->setFocus();
+  main.setup.updateLimsBtn.setEnabled(false);
+  EXPECT_FALSE(button->hasFocus());
+  main.setup.updateLimsBtn.setEnabled(true);
+  EXPECT_TRUE(button->hasFocus());
+  main.setup.updateLimsBtn.setEnabled(false);
+  other->setFocus();
+  main.setup.updateLimsBtn.setEnabled(true);
+  EXPECT_TRUE(other->hasFocus()) << "the user has gone elsewhere";
+}
+
+}  // namespace
+}  // namespace zephon

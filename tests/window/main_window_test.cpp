@@ -1,0 +1,190 @@
+#include "window/main_window.h"
+
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QLabel>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QStackedWidget>
+#include <set>
+
+#include "window/colours.h"
+#include "window/state_button.h"
+#include "window/tile_layout.h"
+#include "window/window_fixture.h"
+
+namespace zephon {
+namespace {
+
+struct PageCase {
+  const char* name;
+  bool Pages::*flag;
+  Element* (*of)(Main&);
+};
+
+const PageCase kCases[] = {
+    {"measurement", &Pages::measuring, [](Main& main) -> Element* { return &main.measurement.VlnSlide; }},
+    {"scope", &Pages::scopeOn, [](Main& main) -> Element* { return &main.scope.holdBtn; }},
+    {"chart", &Pages::chartOn, [](Main& main) -> Element* { return &main.chart.vlnChartBtn; }},
+    {"outlets", &Pages::outletsOn, [](Main& main) -> Element* { return &main.outlets.oOnBtn; }},
+    {"data", &Pages::dataOn, [](Main& main) -> Element* { return &main.data.tsDataBtn; }},
+    {"setup", &Pages::setupOn, [](Main& main) -> Element* { return &main.setup.updateLimsBtn; }},
+    {"com", &Pages::comOn, [](Main& main) -> Element* { return &main.com.detectComBtn; }},
+};
+
+class MainWindowTest : public testing_support::WindowTest {
+ protected:
+  // Whatever the keyboard can reach on the page that is open.
+  std::set<QWidget*> reachable() {
+    std::set<QWidget*> found;
+    for (auto* widget : window.findChildren<QWidget*>()) {
+      const bool byTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
+      if (byTab && widget->isVisible() && widget->isEnabled() && !widget->focusProxy()) found.insert(widget);
+    }
+    return found;
+  }
+};
+
+TEST_F(MainWindowTest, ThePageWhoseFlagIsSetIsOnScreen) {
+  auto* pages = window.findChild<QStackedWidget*>();
+  QWidget* const start = pages->currentWidget();
+  for (const PageCase& page : kCases) {
+    open(page.flag);
+    EXPECT_TRUE(find(*page.of(main))->isVisible()) << page.name;
+    EXPECT_NE(pages->currentWidget(), start);
+    for (const PageCase& other : kCases) {
+      EXPECT_EQ(find(*other.of(main))->isVisible(), &other == &page) << other.name;
+    }
+  }
+  main.pages.comOn = false;
+  main.frame.comBtn.setValue(true);  // any news of the page's elements will do
+  settle();
+  EXPECT_EQ(pages->currentWidget(), start);
+}
+
+TEST_F(MainWindowTest, EveryControlIsNamedAndReachedByTheKeyboard) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  for (const PageCase& page : kCases) {
+    open(page.flag);
+    const std::set<QWidget*> wanted = reachable();
+    std::set<QWidget*> seen;
+    find(main.frame.measBtn)->setFocus();
+    for (int step = 0; step < 120; ++step) {
+      seen.insert(QApplication::focusWidget());
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    for (QWidget* widget : wanted) {
+      EXPECT_EQ(seen.count(widget), 1U) << page.name << " " << widget->objectName().toStdString();
+      const auto* reader = QAccessible::queryAccessibleInterface(widget);
+      ASSERT_NE(reader, nullptr);
+      EXPECT_FALSE(reader->text(QAccessible::Name).isEmpty())
+          << page.name << " " << widget->metaObject()->className() << " "
+          << widget->objectName().toStdString();
+    }
+  }
+}
+
+TEST_F(MainWindowTest, APageHasItsShortcut) {
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+  QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
+  QTest::qWait(200);  // a pressed button shows it for a moment
+  EXPECT_TRUE(main.frame.ScopeBtn.value());
+  main.frame.ScopeBtn.setEnabled(false);
+  QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
+  QTest::qWait(200);
+  EXPECT_TRUE(main.frame.ScopeBtn.value());
+  EXPECT_TRUE(find(main.frame.measBtn)->toolTip().contains("Ctrl+1"));
+  EXPECT_TRUE(find(main.frame.measBtn)->toolTip().contains("Measurements"));
+}
+
+// A page may scroll down, never sideways, and what it holds is never narrower than it must be.
+TEST_F(MainWindowTest, PagesFitTheSmallestScreens) {
+  for (const QSize size : {QSize(1366, 768), QSize(1024, 600), QSize(683, 384)}) {
+    window.resize(size);
+    for (const PageCase& page : kCases) {
+      open(page.flag);
+      EXPECT_EQ(window.size(), size) << page.name;
+      for (auto* area : window.findChildren<QScrollArea*>()) {
+        if (!area->isVisible()) continue;
+        EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << page.name << " at " << size.width();
+        EXPECT_GE(area->viewport()->width(), area->widget()->minimumSizeHint().width()) << page.name;
+      }
+      for (auto* button : window.findChildren<StateButton*>()) {
+        if (!button->isVisible()) continue;
+        EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
+        EXPECT_GE(button->height(), button->minimumSizeHint().height()) << button->objectName().toStdString();
+      }
+    }
+  }
+}
+
+TEST_F(MainWindowTest, TheLinkIsAlwaysInSightAndAdviceWhenThereIsSome) {
+  main.frame.linkLbl.setCaption("COM3  no answer");
+  settle();
+  auto* link = find<QLabel>(main.frame.linkLbl);
+  auto* advice = find<QLabel>(main.frame.adviceLbl);
+  EXPECT_FALSE(advice->isVisible());
+  main.frame.adviceLbl.setCaption("Check the cable.");
+  for (const PageCase& page : kCases) {
+    open(page.flag);
+    EXPECT_TRUE(link->isVisible() && advice->isVisible()) << page.name;
+    EXPECT_EQ(link->visibleRegion().boundingRect().size(), link->size());
+  }
+}
+
+TEST_F(MainWindowTest, ClosingEndsTheProgramOnce) {
+  EXPECT_FALSE(main.ending);
+  window.close();
+  window.close();
+  EXPECT_TRUE(main.ending);
+  EXPECT_EQ(closings, 1);
+}
+
+TEST(Tiles, FillTheirRowsEvenlyAndLeaveNoHole) {
+  QWidget ground;
+  auto* tiles = new TileLayout(100, 5, 10);
+  ground.setLayout(tiles);
+  std::vector<QWidget*> all;
+  for (int i = 0; i < 8; ++i) {
+    all.push_back(new QWidget(&ground));
+    all.back()->setMinimumHeight(40);
+    tiles->addWidget(all.back());
+  }
+  const auto columnsAt = [&](int width) {
+    ground.resize(width, 400);
+    tiles->activate();
+    std::set<int> lefts;
+    for (const QWidget* tile : all) {
+      if (tile->isVisible()) lefts.insert(tile->x());
+      EXPECT_LE(tile->geometry().right(), width);
+    }
+    return lefts.size();
+  };
+  ground.show();
+  EXPECT_EQ(columnsAt(540), 4U) << "five would fit; two even rows";
+  EXPECT_EQ(columnsAt(330), 3U);
+  EXPECT_EQ(columnsAt(120), 1U);
+  EXPECT_EQ(tiles->heightForWidth(540), 2 * 40 + 10);
+  for (int i = 0; i < 6; ++i) all[static_cast<std::size_t>(i)]->hide();
+  EXPECT_EQ(columnsAt(540), 2U);
+  EXPECT_EQ(all[6]->y(), all[7]->y());
+  EXPECT_EQ(all[6]->x(), 0);
+}
+
+// 3:1 for marks and bars against the ground of a card, in either palette.
+TEST(Colours, SignalsStandOutInLightAndDark) {
+  const auto luminance = [](const QColor& colour) {
+    const auto part = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
+    return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
+  };
+  for (const QPalette& palette : {QPalette(QColor(0xef, 0xef, 0xef)), QPalette(QColor(0x36, 0x39, 0x3d))}) {
+    for (const Tone each : {Tone::Good, Tone::Caution, Tone::Alarm, Tone::Muted}) {
+      const double one = luminance(tone(each, palette)) + 0.05;
+      const double two = luminance(tone(Tone::Card, palette)) + 0.05;
+      EXPECT_GT(std::max(one, two) / std::min(one, two), 3.0) << static_cast<int>(each);
+    }
+  }
+}
+
+}  // namespace
+}  // namespace zephon

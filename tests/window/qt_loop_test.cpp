@@ -1,0 +1,145 @@
+#include "window/qt_loop.h"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <QAbstractEventDispatcher>
+#include <QEventLoop>
+#include <QTest>
+#include <array>
+#include <string>
+
+namespace zephon {
+namespace {
+
+class QtLoopTest : public testing::Test {
+ protected:
+  QtLoopTest() {
+    EXPECT_EQ(::pipe(pipe_.data()), 0);
+    lastWarning().clear();
+    previous_ = qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+      lastWarning() = text.toStdString();
+    });
+  }
+  ~QtLoopTest() override {
+    qInstallMessageHandler(previous_);
+    for (const int end : pipe_) ::close(end);
+  }
+
+  static std::string& lastWarning() {
+    static std::string text;
+    return text;
+  }
+  Instant in(double milliseconds) const { return loop_.now() + fromMillis(milliseconds); }
+  void write() { ASSERT_EQ(::write(pipe_[1], "x", 1), 1); }
+  void waitUntil(Instant end) {
+    while (loop_.now() < end) loop_.sleepUntil(end);
+  }
+
+  QtLoop loop_;
+  std::array<int, 2> pipe_{};
+
+ private:
+  QtMessageHandler previous_;
+};
+
+// How often the thread wakes while `run` runs.
+int wakeUps(const std::function<void()>& run) {
+  int count = 0;
+  const auto counting = QObject::connect(QAbstractEventDispatcher::instance(),
+                                         &QAbstractEventDispatcher::awake, [&count] { ++count; });
+  run();
+  QObject::disconnect(counting);
+  return count;
+}
+
+TEST_F(QtLoopTest, ASleepEndsForItsReason) {
+  const Instant start = loop_.now();
+  Woke woke = Woke::Served;
+  while (woke == Woke::Served)
+    woke = loop_.sleepUntil(start + fromMillis(20));  // Qt may have had work of its own
+  EXPECT_EQ(woke, Woke::Deadline);
+  EXPECT_GE(loop_.now() - start, fromMillis(20));
+  EXPECT_LT(loop_.now() - start, fromMillis(200));
+
+  bool served = false;
+  loop_.callAt(in(5), [&] { served = true; });
+  EXPECT_EQ(loop_.sleepUntil(in(5000)), Woke::Served);
+  EXPECT_TRUE(served);
+
+  QTimer::singleShot(5, [] {});  // stands for a click: an event that is none of ours
+  EXPECT_EQ(loop_.sleepUntil(in(5000)), Woke::Served);
+
+  loop_.callAt(in(5), [&] { write(); });
+  while (loop_.sleepUntil(in(5000), pipe_[0]) == Woke::Served) {
+  }
+  EXPECT_EQ(loop_.sleepUntil(in(5000), pipe_[0]), Woke::Readable) << "still unread";
+  EXPECT_EQ(loop_.sleepUntil(in(-5)), Woke::Deadline);
+}
+
+TEST_F(QtLoopTest, AHungUpDescriptorCountsAsReadable) {
+  ::close(pipe_[1]);
+  EXPECT_EQ(loop_.sleepUntil(in(5000), pipe_[0]), Woke::Readable);
+  pipe_[1] = ::dup(pipe_[0]);
+}
+
+TEST_F(QtLoopTest, OtherCallsAreServedWhileOneWaits) {
+  std::string order;
+  loop_.callAt(in(5), [&] {
+    order += 'a';
+    waitUntil(in(60));
+    order += 'z';
+  });
+  loop_.callAt(in(15), [&] { order += 'b'; });
+  const auto cancelled = loop_.callAt(in(20), [&] { order += '!'; });
+  loop_.callAt(in(16), [&] { loop_.cancel(cancelled); });
+  loop_.callAt(in(25), [&] {
+    order += 'c';
+    waitUntil(in(10));
+    order += 'd';
+  });
+  waitUntil(in(120));
+  EXPECT_EQ(order, "abcdz");
+}
+
+// As a message box inside a timed call does.
+TEST_F(QtLoopTest, QtsOwnLoopServesTheCallsToo) {
+  std::string order;
+  QEventLoop box;
+  loop_.callAt(in(5), [&] {
+    order += 'a';
+    box.exec();
+    order += 'z';
+  });
+  loop_.callAt(in(10), [&] { order += 'b'; });
+  loop_.callAt(in(20), [&] { box.quit(); });
+  waitUntil(in(80));
+  EXPECT_EQ(order, "abz");
+}
+
+TEST_F(QtLoopTest, NestedSleepsMayWatchTheSameDescriptor) {
+  Woke inner = Woke::Served;
+  loop_.callAt(in(5), [&] {
+    write();
+    inner = loop_.sleepUntil(in(1000), pipe_[0]);
+  });
+  EXPECT_EQ(loop_.sleepUntil(in(5000), pipe_[0]), Woke::Served);
+  EXPECT_EQ(inner, Woke::Readable);
+  EXPECT_EQ(loop_.sleepUntil(in(1000), pipe_[0]), Woke::Readable);
+  EXPECT_EQ(lastWarning(), "");
+}
+
+TEST_F(QtLoopTest, NothingWakesAnIdleProgram) {
+  write();  // unread bytes of a port that nobody watches now
+  ASSERT_EQ(loop_.sleepUntil(in(100), pipe_[0]), Woke::Readable);
+  EXPECT_LE(wakeUps([] { QTest::qWait(150); }), 20) << "Qt's own waiting takes a few";
+  EXPECT_LE(wakeUps([this] { waitUntil(in(150)); }), 4);
+  // Nor does a byte that a sleep further out has been told of.
+  loop_.callAt(in(5), [&] { EXPECT_LE(wakeUps([this] { waitUntil(in(100)); }), 6); });
+  while (loop_.sleepUntil(in(200), pipe_[0]) == Woke::Readable && loop_.now() < in(-100)) {
+  }
+  waitUntil(in(120));
+}
+
+}  // namespace
+}  // namespace zephon
