@@ -1,11 +1,13 @@
 # A room is a folder of sources that becomes one library. Its headers are seen through a folder of links
-# (build/.../rooms/<room>/<room> -> the sources), so a target can include only the rooms that it is linked to:
-# an include that climbs a floor does not compile.
+# (build/rooms/<room>/<room> -> the sources), so a target can include only the rooms that it is linked to:
+# an include that climbs a floor does not compile. All builds share the links, so that a compiler cache serves
+# them all.
+set(ZEPHON_ROOMS ${CMAKE_SOURCE_DIR}/build/rooms)
 
 function(zephon_library name folder prefix)
   file(GLOB sources CONFIGURE_DEPENDS ${folder}/*.cpp)
   file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
-  set(seen ${CMAKE_BINARY_DIR}/rooms/${name})
+  set(seen ${ZEPHON_ROOMS}/${name})
   file(MAKE_DIRECTORY ${seen})
   file(CREATE_LINK ${folder} ${seen}/${prefix} SYMBOLIC)
   list(TRANSFORM ARGN PREPEND zephon_room_)
