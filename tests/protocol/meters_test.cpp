@@ -5,69 +5,53 @@
 namespace zephon {
 namespace {
 
-constexpr Limits kLimits{.UVco = 80, .UVre = 100, .UVrs = 105, .OVrs = 130, .OVre = 135, .OVco = 150};
-
-TEST(Meters, StandInTheOrderOfTheirIds) {
-  for (std::size_t i = 0; i < kMeters.size(); ++i) EXPECT_EQ(static_cast<std::size_t>(kMeters[i].id), i);
-}
+using M = MeterId;
 
 TEST(ReadingText, FollowsTheMetersPicture) {
   const struct {
-    MeterId id;
+    M id;
     float reading;
-    const char* text;  // null: the label stays
-  } rows[] = {
-      {MeterId::Vln, 120.5f, "120.50 V"},  {MeterId::Vln, 0.0f, "00.00 V"},
-      {MeterId::Vln, 9.25f, "09.25 V"},    {MeterId::I, 9.996f, "9.996 A"},
-      {MeterId::I, 10.0f, nullptr},        {MeterId::I, 10.004f, "10.00 A"},
-      {MeterId::P, 1500.0f, "1500.0 W"},   {MeterId::Vng, 0.004f, "0.004 V"},
-      {MeterId::Vng, 100.0f, nullptr},     {MeterId::Vng, 99.996f, "99.996 V"},
-      {MeterId::Vng, 100.25f, "100.25 V"}, {MeterId::F, 59.94f, "59.94 Hz"},
-      {MeterId::PF, -0.5f, "-0.500 PF"},   {MeterId::PF, -0.0f, "0.000 PF"},
-      {MeterId::CF, 1.414f, "1.414 CF"},
-  };
-  for (const auto& row : rows) {
-    const auto text = readingText(meterOf(row.id), row.reading);
-    EXPECT_EQ(text.value_or("stays"), row.text ? row.text : "stays") << row.reading;
-  }
+    const char* text;
+  } rows[] = {{M::Vln, 9.25f, "09.25 V"},  {M::I, 9.996f, "9.996 A"},     {M::I, 10, "stays"},
+              {M::I, 10.004f, "10.00 A"},  {M::P, 1500, "1500.0 W"},      {M::Vng, 99.996f, "99.996 V"},
+              {M::Vng, 100, "stays"},      {M::Vng, 100.25f, "100.25 V"}, {M::F, 59.94f, "59.94 Hz"},
+              {M::PF, -0.5f, "-0.500 PF"}, {M::PF, -0.0f, "0.000 PF"},    {M::CF, 1.414f, "1.414 CF"}};
+  for (const auto& row : rows)
+    EXPECT_EQ(readingText(meterOf(row.id), row.reading).value_or("stays"), row.text);
 }
 
-TEST(Colours, FollowTheMetersBounds) {
+TEST(Colours, ChangeBeyondTheMetersBounds) {
+  constexpr Limits kLimits{.UVco = 80, .UVre = 100, .UVrs = 105, .OVrs = 130, .OVre = 135, .OVco = 150};
   const struct {
-    MeterId id;
-    float reading;
-    Colour colour;
-  } rows[] = {
-      {MeterId::Vln, 79.99f, kRed},   {MeterId::Vln, 80, kYellow},    {MeterId::Vln, 99.99f, kYellow},
-      {MeterId::Vln, 100, kGreen},    {MeterId::Vln, 135, kGreen},    {MeterId::Vln, 135.01f, kYellow},
-      {MeterId::Vln, 150, kYellow},   {MeterId::Vln, 150.01f, kRed},  {MeterId::I, 15, kGreen},
-      {MeterId::I, 15.004f, kYellow}, {MeterId::I, 20, kYellow},      {MeterId::I, 20.004f, kRed},
-      {MeterId::P, 1800, kGreen},     {MeterId::P, 1804, kYellow},    {MeterId::P, 2404, kRed},
-      {MeterId::Vng, 3, kGreen},      {MeterId::Vng, 5, kYellow},     {MeterId::Vng, 5.004f, kRed},
-      {MeterId::F, 60.5f, kGreen},    {MeterId::F, 59.4f, kYellow},   {MeterId::F, 61, kYellow},
-      {MeterId::F, 61.1f, kRed},      {MeterId::F, 49.5f, kGreen},    {MeterId::F, 48.9f, kRed},
-      {MeterId::PF, 0.602f, kGreen},  {MeterId::PF, 0.6f, kGreen},    {MeterId::PF, 0.4f, kYellow},
-      {MeterId::PF, 0.398f, kRed},    {MeterId::PF, -0.9f, kRed},     {MeterId::CF, 1.35f, kGreen},
-      {MeterId::CF, 1.45f, kGreen},   {MeterId::CF, 1.451f, kYellow}, {MeterId::CF, 1.2f, kYellow},
-      {MeterId::CF, 1.6f, kYellow},   {MeterId::CF, 1.199f, kRed},    {MeterId::CF, 1.601f, kRed},
-  };
+    M id;
+    std::vector<float> green, yellow, red;
+  } rows[] = {{M::Vln, {100, 135}, {80, 99.99f, 135.01f, 150}, {79.99f, 150.01f}},
+              {M::I, {0, 15}, {15.004f, 20}, {20.004f}},
+              {M::P, {0, 1800}, {1804, 2400}, {2404}},
+              {M::Vng, {0, 3}, {3.004f, 5}, {5.004f}},
+              {M::F, {59.5f, 60.5f, 49.5f, 50.5f}, {59, 59.4f, 60.6f, 61, 49}, {58.9f, 61.1f, 48.9f, 54}},
+              {M::PF, {0.6f, 1}, {0.4f, 0.594f}, {0.398f, -0.9f}},
+              {M::CF, {1.35f, 1.45f}, {1.2f, 1.349f, 1.451f, 1.6f}, {1.199f, 1.601f}}};
   for (const auto& row : rows) {
-    const auto bands = bandsOf(row.id, row.reading, kLimits, 120);
-    ASSERT_TRUE(bands);
-    EXPECT_EQ(colourIn(*bands, row.reading), row.colour) << row.reading;
+    const auto expect = [&](const std::vector<float>& readings, Colour colour) {
+      for (const float reading : readings) {
+        EXPECT_EQ(colourIn(bandsOf(row.id, reading, kLimits, 120).value(), reading), colour) << reading;
+      }
+    };
+    expect(row.green, kGreen);
+    expect(row.yellow, kYellow);
+    expect(row.red, kRed);
   }
-  EXPECT_FALSE(bandsOf(MeterId::Vng, 50, kLimits, 240));
-  EXPECT_EQ(colourIn(*bandsOf(MeterId::P, 3600, kLimits, 240), 3600), kGreen);
+  EXPECT_FALSE(bandsOf(M::Vng, 50, kLimits, 240));
+  EXPECT_EQ(bandsOf(M::P, 0, kLimits, 240)->greenTo, 3600);
 }
 
 TEST(Axes, FollowNominalAndRange) {
   EXPECT_EQ(nominalHertz(53.99f), 50);
   EXPECT_EQ(nominalHertz(54.0f), 60);
-  EXPECT_EQ(axisOf(MeterId::F, 49.9f), (Slider::Axis{45, 55, 1, 0.5}));
-  EXPECT_EQ(axisOf(MeterId::F, 0), (Slider::Axis{45, 55, 1, 0.5}));
-  EXPECT_EQ(axisOf(MeterId::Vng, 19.99f), (Slider::Axis{0, 10, 1, 1}));
-  EXPECT_EQ(axisOf(MeterId::Vng, 20), (Slider::Axis{0, 280, 40, 20}));
-  EXPECT_FALSE(axisOf(MeterId::Vln, 500));
+  EXPECT_EQ(axisOf(M::F, 49.9f), (Slider::Axis{45, 55, 1, 0.5}));
+  EXPECT_EQ(axisOf(M::Vng, 19.99f), (Slider::Axis{0, 10, 1, 1}));
+  EXPECT_EQ(axisOf(M::Vng, 20), (Slider::Axis{0, 280, 40, 20}));
 }
 
 }  // namespace
