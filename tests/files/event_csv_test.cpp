@@ -1,0 +1,149 @@
+#include "files/event_csv.h"
+
+#include <gtest/gtest.h>
+
+#include "support/bench.h"
+#include "text/windows1252.h"
+
+namespace zephon {
+namespace {
+
+using namespace testing_support;
+
+const FileStamp kStamp = {{2013, 5, 31, 14, 2, 7}, "LAB,ROOM 1", "1.KD1", "01.A2.FF", 240, 0};
+const LogTable<8> kEvents = {{13, 31, 5, 14, 2, 7, 8, 133},
+                             {13, 1, 6, 0, 0, 0, 1, 0},
+                             {13, 2, 6, 9, 8, 7, 136, 0},
+                             {13, 2, 6, 9, 8, 7, 4, 204.53333333333333}};
+const std::string kHead =
+    "05/31/2013 14:02:07\r\nID: LAB,ROOM 1\r\nFirmware Version: 1.KD1\r\nSoftware Version: 4.4\r\n"
+    "Chip ID: 01.A2.FF\r\nVoltage Rating: 240\r\nTime Stamped Log\r\nDate,Time,Event,Magnitude\r\n";
+const std::string kRows =
+    "05/31/13,14:02:07,Over Voltage,133\r\n06/01/13,00:00:00,Power Outage,\r\n"
+    "06/02/13,09:08:07,End of Over Voltage,\r\n06/02/13,09:08:07,Under Voltage,204.53333333333333\r\n";
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+    text.replace(at, from.size(), to);
+  return text;
+}
+
+TEST(EventCsv, writesAndReadsItsFile) {
+  const auto dict = englishDictionary();
+  EXPECT_EQ(eventCsv(kStamp, kEvents, dict), kHead + kRows);
+  const EventCsvReading reading = readEventCsv(kHead + kRows, dict);
+  ASSERT_TRUE(reading) << faultText(*reading.fault);
+  EXPECT_EQ(reading.table, kEvents);
+  EXPECT_EQ(reading.identity, (FileIdentity{"LAB,ROOM 1", "1.KD1", "01.A2.FF", 240, false}));
+  EXPECT_EQ(reading.unknownEvents, 0u);
+  EXPECT_TRUE(readEventCsv(kHead, dict).table.empty());
+  EXPECT_TRUE(readEventCsv(kHead, dict));
+}
+
+TEST(EventCsv, readsWhatOtherProgramsMakeOfIt) {
+  const auto dict = englishDictionary();
+  const std::string file = kHead + kRows;
+  const std::string filled =
+      replaced(replaced(file, "4.4\r\n", "4.4,,,\r\n"), "LAB,ROOM 1\r\n", "LAB ROOM 1,,,\r\n");
+  const std::string semicolons = kHead.substr(0, kHead.find("Date,")) + "Date;Time;Event;Magnitude\r\n" +
+                                 replaced(replaced(kRows, ",", ";"), "204.53", "204,53");
+  const std::string sameFiles[] = {
+      replaced(file, "\r\n", "\n"),
+      "\xEF\xBB\xBF" + file,
+      file + "\r\n,,,\r\n  \n",
+      file.substr(0, file.size() - 2),
+      filled,
+      semicolons,
+      replaced(semicolons, ";", "\t"),
+      replaced(file, "204.53333333333333", "\"204,53333333333333\""),
+      replaced(file, "204.53", "204,53").replace(file.find(",133"), 4, ",133,0"),
+      replaced(replaced(file, "Power Outage,", "Power Outage"), "/13,", "/2013,"),
+      replaced(file, "Over Voltage,133", "\"Over Voltage\",\"133\""),
+      replaced(replaced(file, "05/31/13", "5/31/13"), "09:08:07", "9:8:7")};
+  for (const std::string& same : sameFiles) {
+    const EventCsvReading reading = readEventCsv(same, dict);
+    ASSERT_TRUE(reading) << faultText(*reading.fault) << '\n' << same;
+    EXPECT_EQ(reading.table, kEvents) << same;
+    EXPECT_EQ(reading.identity.chipID, "01.A2.FF");
+    EXPECT_EQ(reading.identity.nominalVolts, 240);
+  }
+  EXPECT_EQ(readEventCsv(filled, dict).identity.userID, "LAB ROOM 1");
+}
+
+TEST(EventCsv, goesRoundInEveryLanguage) {
+  auto dict = englishDictionary();
+  dict[61] =
+      "\xC3\x9C"
+      "berspannung, \"kurz\"";  // comma and quotes
+  dict[62] =
+      "Zanik napi\xC4\x99"
+      "cia";  // a letter that the code page lacks
+  dict[145] = "Ereignisprotokoll \xE2\x82\xAC";
+  FileStamp stamp = kStamp;
+  stamp.userID = "Z\xC3\xA4hler 1";
+  const std::string file = eventCsv(stamp, kEvents, dict);
+  EXPECT_NE(file.find("\"\xDC"
+                      "berspannung, \"\"kurz\"\"\",133\r\n"),
+            std::string::npos);
+  EXPECT_EQ(readEventCsv(file, dict).table, kEvents);
+  EXPECT_EQ(readEventCsv(file, dict).identity.userID, stamp.userID);
+  EXPECT_EQ(readEventCsv("\xEF\xBB\xBF" + fromWindows1252(file), dict).table, kEvents);
+  const EventCsvReading foreign = readEventCsv(file, englishDictionary());
+  ASSERT_TRUE(foreign);
+  EXPECT_EQ(foreign.unknownEvents, 2u);
+  EXPECT_EQ(foreign.table[0], (std::array<double, 8>{13, 31, 5, 14, 2, 7, 0, 133}));
+}
+
+TEST(EventCsv, namesTheLineAtFault) {
+  const auto dict = englishDictionary();
+  const struct {
+    std::string file;
+    std::size_t line;
+  } rows[] = {{"", 1},
+              {kHead.substr(0, 30), 3},
+              {replaced(kHead, "240", "high"), 6},
+              {replaced(kHead, "Time Stamped Log", "Historical Log"), 7},
+              {kHead + kRows + "\r\n" + kRows, 13},
+              {kHead + "13/31/13,14:02:07,Surge,\r\n", 9},
+              {kHead + kRows + "05/31,14:02:07,Surge,\r\n", 13},
+              {kHead + "05/31/13,14:02,Surge,\r\n", 9},
+              {kHead + "05/31/13,24:00:00,Surge,\r\n", 9},
+              {kHead + "05/31/13,14:02:07,Surge,x\r\n", 9},
+              {kHead + "05/31/13,14:02:07,Surge,\"1,234\"\r\n", 9},
+              {kHead + "05/31/13,14:02:07,Surge,\"1\r\n", 9},
+              {kHead + "05/31/13,14:02:07\r\n", 9},
+              {kHead + "05/31/13,14:02:07,14:32:07,1,2,3,4,5,6\r\n", 9},
+              {kHead + std::string(100, ',') + "x\r\n", 9}};
+  for (const auto& row : rows) {
+    const EventCsvReading reading = readEventCsv(row.file, dict);
+    ASSERT_TRUE(reading.fault) << row.file;
+    EXPECT_EQ(reading.fault->line, row.line) << row.file << faultText(*reading.fault);
+    EXPECT_TRUE(reading.table.empty());
+    EXPECT_EQ(reading.identity, FileIdentity());
+  }
+  EXPECT_EQ(faultText(*readEventCsv(kHead + "x\r\n", dict).fault),
+            "line 9: expected date, time, event and magnitude");
+  EXPECT_EQ(faultText(FileFault{{}, 7, "more"}), "byte 7: expected more");
+}
+
+TEST(EventCsv, keepsTheRowsBeforeACut) {
+  const auto dict = englishDictionary();
+  const std::string file = kHead + kRows;
+  for (std::size_t cut = 0; cut <= file.size(); ++cut) {
+    const EventCsvReading reading = readEventCsv(file.substr(0, cut), dict);
+    const auto whole = static_cast<std::size_t>(
+        std::count(file.begin(), file.begin() + static_cast<std::ptrdiff_t>(cut), '\n'));
+    ASSERT_TRUE(reading.fault || whole >= 7) << cut;
+    // Of a row that is cut only its last field can be missing a part.
+    if (!reading || whole < 8) continue;
+    ASSERT_LE(reading.table.size() - (whole - 8), 1u) << cut;
+    ASSERT_TRUE(std::equal(kEvents.begin(), kEvents.begin() + static_cast<std::ptrdiff_t>(whole - 8),
+                           reading.table.begin()));
+    if (reading.table.size() == whole - 8) continue;
+    ASSERT_TRUE(
+        std::equal(kEvents[whole - 8].begin(), kEvents[whole - 8].begin() + 6, reading.table.back().begin()));
+  }
+}
+
+}  // namespace
+}  // namespace zephon

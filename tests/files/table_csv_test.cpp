@@ -1,0 +1,190 @@
+#include <gtest/gtest.h>
+
+#include "files/chart_csv.h"
+#include "files/history_csv.h"
+#include "files/scope_csv.h"
+#include "support/bench.h"
+
+namespace zephon {
+namespace {
+
+using namespace testing_support;
+
+const FileStamp kStamp = {{2013, 5, 31, 14, 2, 7}, "ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, 0};
+
+std::string replaced(std::string text, const std::string& from, const std::string& to) {
+  for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+    text.replace(at, from.size(), to);
+  return text;
+}
+
+std::string head(const std::string& title, const std::string& names) {
+  return "05/31/2013 14:02:07\r\nID: ABCDEFGHIJ\r\nFirmware Version: 1.KD1\r\nSoftware Version: 4.4\r\n"
+         "Chip ID: 01.A2.FF\r\nVoltage Rating: 120\r\n" +
+         title + "\r\n" + names + "\r\n";
+}
+
+const std::string kHistoryHead = head("Historical Log",
+                                      "Date,End Time,Start Time,Average Power,Maximum Power,Average Voltage,"
+                                      "Maximum Voltage,Minimum Voltage,Maximum Current");
+const LogTable<12> kHistory = {{13, 31, 5, 23, 0, 0, 118.25, -4, 119.5, 125, 112.07, 1.5},
+                               {13, 31, 5, 23, 30, 0, 0, 262140, 120, 0.1, 112, 0.004},
+                               {13, 1, 6, 0, 0, 0}};
+const std::string kHistoryRows =
+    "05/31/13,23:30:00,23:00:00,118.25,-4,119.5,125,112.07,1.5\r\n"
+    "05/31/13,00:00:00,23:30:00,0,262140,120,0.1,112,0.004\r\n";
+
+TEST(HistoryCsv, writesAndReadsItsFile) {
+  const auto dict = englishDictionary();
+  EXPECT_EQ(historyCsv(kStamp, kHistory, dict), kHistoryHead + kHistoryRows);
+  EXPECT_EQ(historyCsv(kStamp, {}, dict), kHistoryHead);
+  const auto reading = readHistoryCsv(kHistoryHead + kHistoryRows, dict);
+  ASSERT_TRUE(reading) << faultText(*reading.fault);
+  LogTable<12> expected = kHistory;
+  expected.back() = {13, 31, 5, 0, 0, 0};  // a half hour that ends at midnight closes on the day it began
+  EXPECT_EQ(reading.table, expected);
+  EXPECT_EQ(reading.identity, (FileIdentity{"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false}));
+  EXPECT_TRUE(readHistoryCsv(kHistoryHead, dict).table.empty());
+}
+
+TEST(HistoryCsv, readsEarlierAndForeignForms) {
+  const auto dict = englishDictionary();
+  const std::string names = "Datum;Ende;Beginn;a;b;c;d;e;f\n";
+  const std::string foreign = replaced(replaced(kHistoryRows, ",", ";"), ".", ",");
+  const std::string torn = "05/31/13,23:30:00,23:00:00,118,25,-4,0,119,5,125,0,112,07,1,5\n";
+  const struct {
+    std::string file;
+    std::size_t rows;
+    FileIdentity identity;
+  } rows[] = {
+      {"MYDEVICE12 Historical Data\r\nDate,...\r\n" + replaced(kHistoryRows, "/", "-"),
+       2,
+       {"MYDEVICE12", "n.nnn", "FF.FF.FF", 120, false}},
+      {"MYDEVICE12 Historical Data\r\n" + kHistoryRows, 2, {"MYDEVICE12", "n.nnn", "FF.FF.FF", 120, false}},
+      {replaced(kHistoryHead, "ABCDEFGHIJ", "TessaraPCS").substr(0, kHistoryHead.rfind("Date")) + names +
+           foreign,
+       2,
+       {"TessaraPCS", ".KD1", "01.A2.FF", 120, true}},
+      {kHistoryHead + torn, 1, {"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false}},
+      {kHistoryHead + replaced(kHistoryRows, "/13", "/2013"),
+       2,
+       {"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false}},
+      {kHistoryHead + replaced(kHistoryRows, "119.5", "140"),
+       2,
+       {"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 240, false}}};
+  for (const auto& row : rows) {
+    const auto reading = readHistoryCsv(row.file, dict);
+    ASSERT_TRUE(reading) << faultText(*reading.fault) << '\n' << row.file;
+    EXPECT_EQ(reading.identity, row.identity) << row.file;
+    ASSERT_EQ(reading.table.size(), row.rows + 1) << row.file;
+    EXPECT_EQ(reading.table[0][6], 118.25) << row.file;
+    EXPECT_EQ(reading.table[0][11], 1.5) << row.file;
+  }
+}
+
+TEST(HistoryCsv, namesTheLineAtFault) {
+  const auto dict = englishDictionary();
+  const std::pair<std::string, std::size_t> files[] = {
+      {"MYDEVICE12 Historical Data", 2},
+      {kHistoryHead + replaced(kHistoryRows, "23:30:00,0", "23:61:00,0"), 10},
+      {kHistoryHead + replaced(kHistoryRows, "112.07,1.5", "112.07"), 9},
+      {kHistoryHead + replaced(kHistoryRows, "0.004", "0.004,1"), 10},
+      {kHistoryHead + replaced(kHistoryRows, "0.004", "inf"), 10},
+      {kHistoryHead + replaced(kHistoryRows, "0.004", "1e999"), 10},
+      {kHistoryHead + replaced(kHistoryRows, "05/31/13", "31.05.2013"), 9},
+      {replaced(kHistoryHead, "Historical Log", "Chart Data"), 7}};
+  for (const auto& [file, line] : files) {
+    const auto reading = readHistoryCsv(file, dict);
+    ASSERT_TRUE(reading.fault) << file;
+    EXPECT_EQ(reading.fault->line, line) << file;
+    EXPECT_TRUE(reading.table.empty());
+  }
+}
+
+const std::string kChartNames =
+    "Date,Time,Line Voltage,Load Current,Load Power,N-G Voltage,Frequency,Power Factor,"
+    "Crest Factor,Energy Usage";
+const LogTable<9> kChart = {{41425.5, 120.5, 1.5, -4, 0.25, 60, -0.5, 1.414, 232},
+                            {41425.5 + 10.2 / 86400, 119.5, 0, 0, 12.3456, 5, 0, 1, 0.00004}};
+
+TEST(ChartCsv, writesAndReadsItsFile) {
+  const auto dict = englishDictionary();
+  const std::string rows =
+      "05/31/2013,12:00:00,120.50,1.5000,-4.0,0.250,60.00,-0.500,1.414,232.0000\r\n"
+      "05/31/2013,12:00:10,119.50,0.0000,0.0,12.346,05.00,0.000,1.000,0.0000\r\n";
+  EXPECT_EQ(chartCsv(kStamp, kChart, FileKind::InternalChart, dict),
+            head("Internal Chart Log", kChartNames) + rows);
+  const std::string file = chartCsv(kStamp, kChart, FileKind::LiveChart, dict);
+  EXPECT_EQ(file, head("Chart Data", kChartNames) + rows);
+  const LogTable<9> expected = {kChart[0], {41425.5 + 10 / 86400.0, 119.5, 0, 0, 12.346, 5, 0, 1, 0}};
+  const std::string twelve = replaced(file, "Load Current,Load Power", "Load,Current,Load,Power");
+  const std::string torn =
+      replaced(replaced(file.substr(file.find("05/31/2013,")), ".", ","), "0,000,", "0,000,");
+  for (const std::string& same :
+       {file, twelve, head("Chart Data", kChartNames) + torn, replaced(file, "/2013,", "/13,"),
+        "MYDEVICE12 Chart\r\n" + rows, replaced(file, "05/31/2013,", "05-31-2013,")}) {
+    const auto reading = readChartCsv(same, dict);
+    ASSERT_TRUE(reading) << faultText(*reading.fault) << same;
+    ASSERT_EQ(reading.table.size(), 2u);
+    EXPECT_EQ(reading.table[0], expected[0]) << same;
+    EXPECT_NEAR(reading.table[1][0], expected[1][0], 1e-9);
+    EXPECT_TRUE(std::equal(expected[1].begin() + 1, expected[1].end(), reading.table[1].begin() + 1)) << same;
+    EXPECT_EQ(reading.identity.nominalVolts, 120);
+  }
+}
+
+TEST(ChartCsv, carriesLessOfTheSecondLine) {
+  const auto dict = englishDictionary();
+  const std::string date = "05/31/2013,12:00:00,", date2 = "05/31/2013,12:00:10,";
+  const struct {
+    const char* firmware;
+    int volts;
+    FileKind kind;
+    std::string rows;
+    std::array<double, 9> second;
+  } rows[] = {{"2.00",
+               120,
+               FileKind::LiveChart,
+               "Date,Time,Line Voltage,N-G Voltage\r\n" + date + "121,0\r\n" + date2 + "120,12\r\n",
+               {0, 120, 0, 0, 12}},
+              {"1*14",
+               120,
+               FileKind::LiveChart,
+               "Date,Time,Line Voltage\r\n" + date + "121\r\n" + date2 + "120\r\n",
+               {0, 120}},
+              {"2.01",
+               240,
+               FileKind::LiveChart,
+               "Date,Time,Line Voltage\r\n" + date + "121\r\n" + date2 + "120\r\n",
+               {0, 120}}};
+  for (const auto& row : rows) {
+    const FileStamp stamp = {{2013, 5, 31, 14, 2, 7}, "TessaraPCS", row.firmware, "01.A2.FF", row.volts, 1};
+    const std::string file = chartCsv(stamp, kChart, row.kind, dict);
+    EXPECT_EQ(file.substr(file.find("Date,")), row.rows);
+    const auto reading = readChartCsv(file, dict);
+    ASSERT_TRUE(reading) << faultText(*reading.fault);
+    EXPECT_TRUE(std::equal(row.second.begin() + 1, row.second.end(), reading.table[1].begin() + 1))
+        << row.firmware;
+    EXPECT_EQ(reading.identity.firmwareVersion, row.firmware);
+    EXPECT_TRUE(reading.identity.secondLine);
+    EXPECT_NE(chartCsv(stamp, kChart, FileKind::InternalChart, dict).find(kChartNames), std::string::npos);
+  }
+  const std::string two = head("Chart Data", "Date,Time") + "05/31/2013,12:00:00\r\n";
+  EXPECT_EQ(readChartCsv(two, dict).fault->line, 8u);
+  EXPECT_EQ(readChartCsv(head("Chart Data", "Date,Time,Line Voltage") + date + "120,5\r\n", dict).fault->line,
+            9u);
+}
+
+TEST(ScopeCsv, writesARowASample) {
+  const std::vector<double> volts = {169.5, -170}, amperes = {0.25, 1.0 / 3};
+  ScopeCapture capture{.mode = 1, .volts = volts, .samplePeriod = 0.00025};
+  const std::string start = head("Scope Data", "Time,Voltage,Current,Power");
+  EXPECT_EQ(scopeCsv(kStamp, capture, englishDictionary()), start + "0,169.5,,\r\n0.00025,-170,,\r\n");
+  capture.amperes = amperes;
+  capture.watts = amperes;
+  EXPECT_EQ(scopeCsv(kStamp, capture, englishDictionary()),
+            start + "0,169.5,0.25,0.25\r\n0.00025,-170,0.3333333333333333,0.3333333333333333\r\n");
+}
+
+}  // namespace
+}  // namespace zephon
