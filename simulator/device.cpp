@@ -7,16 +7,31 @@
 namespace zephon::simulator {
 namespace {
 
-constexpr double kLookSeconds = 10.0;
-constexpr double kPastLookSeconds = 60.0;
-constexpr double kRecentSeconds = 3 * 86400.0;
+constexpr double kLookSeconds = 60.0;
 constexpr double kOverloadSeconds = 10.0;
 constexpr double kGroundFaultVolts = 30.0;
 constexpr std::int64_t kHalfHour = 1800;
 constexpr int kLossesOfABlank = 4;
 
 Site::Place placeOf(const Profile& profile, const Options& options) {
-  return {options.seed, profile.mainsVolts(), profile.mainsHertz(), options.unixStart, options.disturbances};
+  return {options.seed,
+          profile.mainsVolts(),
+          profile.mainsHertz(),
+          options.unixStart,
+          options.disturbances,
+          options.site,
+          static_cast<double>(profile.rating)};
+}
+
+std::int64_t wholeSeconds(double seconds) {
+  return static_cast<std::int64_t>(std::floor(seconds));
+}
+
+// A device with a past was put up at a full or half hour.
+double pastOf(const Options& options) {
+  if (options.pastSeconds <= 0) return 0.0;
+  const auto past = wholeSeconds(options.pastSeconds);
+  return static_cast<double>(past + ((options.unixStart - past) % kHalfHour + kHalfHour) % kHalfHour);
 }
 
 struct ZoneEvent {
@@ -51,10 +66,6 @@ std::optional<ImageEvent> imageEvent(Event event) {
   return std::nullopt;
 }
 
-std::int64_t wholeSeconds(double seconds) {
-  return static_cast<std::int64_t>(std::floor(seconds));
-}
-
 }  // namespace
 
 Device::Device(const Profile& profile, const Options& options)
@@ -68,11 +79,12 @@ Device::Device(const Profile& profile, const Options& options)
       profile_(profile),
       options_(options),
       site_(placeOf(profile, options)),
-      now_(-options.pastSeconds),
+      now_(-pastOf(options)),
       cycleEnd_(now_),
       lastEvent_(now_),
       clock_(options.unixStart),
       energy_(now_) {
+  switches.overloadShutdown = site_.manner().restartSeconds > 0;
   energySince_ = clock();
   look();
   if (options.recordingHours > 0) {
@@ -94,9 +106,9 @@ void Device::advanceTo(double seconds) {
 }
 
 double Device::nextOwnMoment() const {
-  const double grid = now_ < -kRecentSeconds ? kPastLookSeconds : kLookSeconds;
-  double next = (std::floor(now_ / grid) + 1.0) * grid;
-  for (const double moment : {cycleEnd_, rowEnd_, overloadStart_ + kOverloadSeconds, chart.nextSample()}) {
+  double next = (std::floor(now_ / kLookSeconds) + 1.0) * kLookSeconds;
+  for (const double moment :
+       {cycleEnd_, rowEnd_, overloadStart_ + kOverloadSeconds, restartAt_, chart.nextSample()}) {
     if (moment > now_) next = std::min(next, moment);
   }
   return next;
@@ -114,6 +126,7 @@ void Device::step(double seconds) {
 }
 
 void Device::look() {
+  if (now_ >= restartAt_) switchOutlets(true);
   const SiteValues line = lineValues();
   watchVoltage(line);
   watchLoad(throughOutlets(line));
@@ -192,7 +205,15 @@ void Device::watchLoad(const SiteValues& seen) {
   }
   if (!over) events.end(Event::Overload, clock());
   overloaded_ = over;
-  if (over && switches.overloadShutdown && now_ >= overloadStart_ + kOverloadSeconds) wantOn_ = false;
+  if (over && switches.overloadShutdown && now_ >= overloadStart_ + kOverloadSeconds) shutForOverload();
+}
+
+void Device::shutForOverload() {
+  switchOutlets(false);
+  overloaded_ = false;
+  events.end(Event::Overload, clock());
+  const double restart = site_.manner().restartSeconds;
+  if (restart > 0) restartAt_ = now_ + restart;
 }
 
 void Device::watchSurges(double from) {
@@ -260,6 +281,7 @@ void Device::hold(const Held& held) {
 void Device::switchOutlets(bool on) {
   wantOn_ = on;
   cycleEnd_ = now_;
+  restartAt_ = kNever;
 }
 
 void Device::cycleOutlets() {

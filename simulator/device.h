@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <string>
 
 #include "simulator/chart_memory.h"
@@ -31,9 +32,8 @@ struct Switches {
 // The device behind its serial port: its registers, and what the site does to them as time passes. Time is in
 // seconds since the loop's start and is moved on by whoever asks, so an idle device costs nothing.
 //
-// It looks at the line every ten seconds and at each moment when a disturbance starts or ends, whenever it
-// is asked: what it counts and logs does not depend on who reads it how often. In a past of more than three
-// days before the start, every minute is enough.
+// It looks at the line every minute and at each moment when a disturbance starts or ends, whenever it is
+// asked: what it counts and logs does not depend on who reads it how often.
 class Device {
  public:
   Device(const Profile& profile, const Options& options);
@@ -93,11 +93,14 @@ class Device {
   int sample(double mean);
 
  private:
+  static constexpr double kNever = std::numeric_limits<double>::infinity();
+
   void step(double seconds);
   double nextOwnMoment() const;
   void watchVoltage(const SiteValues& seen);
   void watchSupply(const SiteValues& seen);
   void watchLoad(const SiteValues& seen);
+  void shutForOverload();
   void watchSurges(double from);
   void recordZone(Zone before, Zone next, const SiteValues& seen);
   void record(Event event, const SiteValues& seen);
@@ -123,6 +126,7 @@ class Device {
   char forcedFault_ = 0;
   bool overloaded_ = false;
   double overloadStart_ = 0;
+  double restartAt_ = kNever;  // somebody switches the outlets on again
   double rowEnd_ = 0;
   int powerLosses_ = 0;
 

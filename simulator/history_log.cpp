@@ -11,7 +11,6 @@ namespace zephon::simulator {
 namespace {
 
 constexpr double kSamplesPerSecond = 20.0;
-constexpr double kShownAfterSeconds = 60.0;
 constexpr double kVoltsScale = 512.0;
 constexpr double kAmpsScale = 256.0;
 constexpr double kWattsScale = 262144.0;
@@ -49,7 +48,7 @@ void HistoryLog::end(double now) {
   if (!row_) return;
   Row row = *std::exchange(row_, std::nullopt);
   row.addUp(now);
-  if (row.seen) ring_.write(bytesOf(row));
+  if (row.kept()) ring_.write(bytesOf(row));
 }
 
 void HistoryLog::clear(double now, std::int64_t clock) {
@@ -58,12 +57,9 @@ void HistoryLog::clear(double now, std::int64_t clock) {
 }
 
 std::string HistoryLog::frame(double now, std::int64_t clock) const {
-  if (!row_ || !row_->seen || now - row_->from < kShownAfterSeconds) return clockText(clock) + ring_.frame();
-  Row row = *row_;
-  row.addUp(now);
-  RecordRing ring = ring_;
-  ring.write(bytesOf(row));
-  return clockText(clock) + ring.frame();
+  HistoryLog closed = *this;
+  closed.end(now);
+  return clockText(clock) + closed.ring_.frame();
 }
 
 std::string HistoryLog::bytesOf(const Row& row) const {

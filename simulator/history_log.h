@@ -17,7 +17,7 @@ namespace zephon::simulator {
 //   10  voltage: the top 16 of 32 bits of a total of twenty samples a second, each of 512 V in 16 bits
 //   12  maximum power, signed, of 262144 W either side
 //   14  power: the top 16 of 48 bits of such a total, 262144 W being one of the field
-// A row that does not last half an hour has so much smaller totals.
+// A row that does not last half an hour has so much smaller totals; one of less than a minute is not kept.
 //
 // Times are seconds since the loop's start.
 class HistoryLog {
@@ -34,8 +34,7 @@ class HistoryLog {
   // Erases all; a row in progress begins anew.
   void clear(double now, std::int64_t clock);
 
-  // 110599 bytes: the clock's text and the ring's frame. A row in progress is the newest in it once it is a
-  // minute old.
+  // 110599 bytes: the clock's text and the ring's frame. A row in progress is the newest in it.
   std::string frame(double now, std::int64_t clock) const;
   RecordRing& ring() { return ring_; }
 
@@ -51,6 +50,7 @@ class HistoryLog {
     bool seen = false;
 
     void addUp(double now);
+    bool kept() const { return seen && until - from >= 60.0; }
   };
   std::string bytesOf(const Row& row) const;
 

@@ -3,6 +3,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "simulator/story.h"
+
 namespace zephon::simulator {
 
 // How the device is run. The defaults suit a test: the same seed always gives the same day.
@@ -14,6 +16,7 @@ struct Options {
   std::uint64_t seed = 1;
   std::int64_t unixStart = 1709649000;  // universal time at the loop's start: 2024-03-05 14:30:00
   double pastSeconds = 0;               // how long the device has stood at the site already
+  Story site = Story::Lively;           // what kind of place it is
   bool disturbances = true;             // off: the mains only wanders, nothing is ever counted
   double recordingHours =
       0;  // how long the chart memory has been recording at the loop's start; 0: it is off

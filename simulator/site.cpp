@@ -11,6 +11,9 @@ namespace {
 
 constexpr double kTurn = 6.283185307179586;
 constexpr double kSecondsPerDay = 86400.0;
+constexpr double kStorySeconds = 120 * kSecondsPerDay;
+constexpr double kLineOhms = 0.08;
+constexpr std::uint64_t kStorySeed = 27;
 constexpr double kSiteHoursWest = 6.0;  // of Greenwich, for the pattern of the day
 
 // Time is cut in slots that hold at most one disturbance each, which also ends in its slot.
@@ -28,41 +31,9 @@ enum Stream {
   kNeutral,
   kCrest,
   kAmps,
+  kDays,
   kAppliance = 100
 };
-
-struct Appliance {
-  double amps;
-  double powerFactor;  // negative: capacitive
-  double slotSeconds;  // it may switch at the slots' borders
-  double byDay;        // share of the slots in which it runs
-  double byNight;
-};
-
-constexpr std::array<Appliance, 5> kAppliances = {{
-    {1.3, -0.93, 86400.0, 1.0, 1.0},  // electronics, always on
-    {1.8, 0.98, 1800.0, 0.85, 0.15},  // lights
-    {3.2, 0.78, 420.0, 0.40, 0.30},   // refrigerator
-    {4.1, 0.85, 900.0, 0.50, 0.20},   // air handler
-    {5.5, 1.00, 25.0, 0.12, 0.00},    // printer
-}};
-
-// Kinds of disturbances: the share of the slots that have one, the span of lengths and of levels.
-struct Habit {
-  Disturbance::Kind kind;
-  double share;
-  double shortest, longest;
-  double lowest, highest;
-};
-
-constexpr std::array<Habit, 6> kHabits = {{
-    {Disturbance::Kind::Sag, 0.09, 0.3, 6.0, 0.70, 0.86},
-    {Disturbance::Kind::Sag, 0.02, 0.2, 2.0, 0.35, 0.65},
-    {Disturbance::Kind::Swell, 0.05, 0.2, 3.0, 1.14, 1.32},
-    {Disturbance::Kind::Surge, 0.06, 0.001, 0.001, 0.0, 0.0},
-    {Disturbance::Kind::Overload, 0.02, 5.0, 25.0, 14.0, 22.0},
-    {Disturbance::Kind::Outage, 0.01, 3.0, 45.0, 0.0, 0.0},
-}};
 
 double between(double low, double high, double share) {
   return low + (high - low) * share;
@@ -72,110 +43,148 @@ bool lasts(const Disturbance& disturbance, double seconds) {
   return disturbance.start <= seconds && seconds < disturbance.start + disturbance.seconds;
 }
 
-double hourOfDay(std::int64_t unixStart, double seconds) {
-  const double day =
-      std::fmod(static_cast<double>(unixStart) + seconds - kSiteHoursWest * 3600.0, kSecondsPerDay);
-  return (day < 0 ? day + kSecondsPerDay : day) / 3600.0;
+// 0 before the months of a story, 1 at the start, and a quarter more at most after it.
+double progressAt(double seconds) {
+  return std::clamp(1.0 + seconds / kStorySeconds, 0.0, 1.25);
 }
 
-// In-phase and reactive amps.
-struct Load {
-  double real = 0;
-  double reactive = 0;  // positive: inductive
+// How much of the amount counts at this hour: it comes and goes within ten minutes.
+double during(const DailyHours& hours, double hour) {
+  return std::min(std::clamp((hour - hours.from) * 6.0, 0.0, 1.0),
+                  std::clamp((hours.to - hour) * 6.0, 0.0, 1.0));
+}
 
-  void add(double amps, double powerFactor) {
-    real += amps * std::abs(powerFactor);
-    reactive += std::copysign(amps * std::sqrt(1.0 - powerFactor * powerFactor), powerFactor);
-  }
-};
-
-Load loadAt(std::uint64_t seed, double seconds, double hour) {
-  Load load;
-  for (std::size_t i = 0; i < kAppliances.size(); ++i) {
-    const Appliance& appliance = kAppliances[i];
-    const auto slot = static_cast<std::int64_t>(std::floor(seconds / appliance.slotSeconds));
-    const double share = hour >= 7 && hour < 20 ? appliance.byDay : appliance.byNight;
-    if (chance(seed, kAppliance + static_cast<int>(i), slot) < share)
-      load.add(appliance.amps, appliance.powerFactor);
-  }
-  return load;
+bool onSquareWave(double secondOfDay) {
+  return std::fmod(secondOfDay, 6 * 3600.0) < 3600.0;
 }
 
 }  // namespace
 
-double Site::quietVolts(double seconds) const {
-  const double hour = hourOfDay(place_.unixStart, seconds);
-  const double daily = 0.012 * std::cos(kTurn * (hour - 3.0) / 24.0);
-  const double slow = 0.008 * wander(place_.seed, kVoltsSlow, seconds, 180.0);
-  const double fast = 0.002 * wander(place_.seed, kVoltsFast, seconds, 2.0);
-  return place_.volts * (1.0 + daily + slow + fast);
+Site::Site(const Place& place) : place_(place), manner_(&mannerOf(place.story)) {
+  if (place.disturbances) added_.assign(manner_->single.begin(), manner_->single.end());
+}
+
+Site::Moment Site::momentOf(double seconds) const {
+  double day =
+      std::fmod(static_cast<double>(place_.unixStart) + seconds - kSiteHoursWest * 3600.0, kSecondsPerDay);
+  if (day < 0) day += kSecondsPerDay;
+  return {manner_->everyDayAlike ? day : seconds, day, day / 3600.0, progressAt(seconds)};
+}
+
+void Site::Load::add(double amps, double powerFactor) {
+  real += amps * std::abs(powerFactor);
+  reactive += std::copysign(amps * std::sqrt(1.0 - powerFactor * powerFactor), powerFactor);
+}
+
+Site::Load Site::loadAt(const Moment& moment) const {
+  Load load;
+  const double share = manner_->load.at(moment.progress);
+  for (std::size_t i = 0; i < manner_->appliances.size(); ++i) {
+    const Appliance& appliance = manner_->appliances[i];
+    const auto slot = static_cast<std::int64_t>(std::floor(moment.chance / appliance.slotSeconds));
+    const double often = moment.hour >= 7 && moment.hour < 20 ? appliance.byDay : appliance.byNight;
+    const bool runs = appliance.clockwork
+                          ? slot % 2 == 0
+                          : chance(place_.seed, kAppliance + static_cast<int>(i), slot) < often;
+    if (runs) load.add(appliance.amps * share, appliance.powerFactor);
+  }
+  for (const DailyHours& peak : manner_->peaks)
+    load.add(peak.amount.at(moment.progress) * during(peak, moment.hour), 1.0);
+  return load;
+}
+
+double Site::quietVolts(const Moment& moment) const {
+  const Manner& manner = *manner_;
+  double share = 1.0 + manner.daily * std::cos(kTurn * (moment.hour - 3.0) / 24.0) +
+                 manner.slow * wander(place_.seed, kVoltsSlow, moment.chance, 180.0) +
+                 manner.fast * wander(place_.seed, kVoltsFast, moment.chance, 2.0);
+  for (const DailyHours& dip : manner.dips)
+    share *= 1.0 - dip.amount.at(moment.progress) * during(dip, moment.hour);
+  return place_.volts * manner.level.at(moment.progress) * share;
 }
 
 SiteValues Site::at(double seconds, bool disturbed) const {
+  const Moment moment = momentOf(seconds);
+  const std::uint64_t seed = place_.seed;
   SiteValues values;
-  Load load = loadAt(place_.seed, seconds, hourOfDay(place_.unixStart, seconds));
+  Load load = loadAt(moment);
   double factor = 1.0;
-  for (const Disturbance& disturbance : near(seconds, seconds)) {
-    if (!disturbed || !lasts(disturbance, seconds)) continue;
+  forEachNear(seconds, seconds, [&](const Disturbance& disturbance) {
+    if (!disturbed || !lasts(disturbance, seconds)) return;
     using Kind = Disturbance::Kind;
     if (disturbance.kind == Kind::Overload) load.add(disturbance.level, 0.8);
     if (disturbance.kind == Kind::Outage) factor = 0.0;
     if (disturbance.kind == Kind::Sag || disturbance.kind == Kind::Swell) factor *= disturbance.level;
-  }
+  });
   if (factor == 0.0) return values;
 
-  const double flicker = 1.0 + 0.01 * wander(place_.seed, kAmps, seconds, 1.0);
+  const bool square = manner_->squareWave && onSquareWave(moment.day);
+  const double quiet = quietVolts(moment);
+  const double flicker = 1.0 + 0.01 * wander(seed, kAmps, moment.chance, 1.0);
   const double apparent = std::hypot(load.real, load.reactive);
-  values.amps = apparent * factor * flicker;
+  values.amps = apparent * factor * flicker * (manner_->samePower ? 120.0 / quiet : 1.0);
   values.powerFactor = apparent == 0.0 ? 1.0 : load.real / apparent;
   values.reactive = load.reactive > 0.0 ? 'L' : load.reactive < 0.0 ? 'C' : ' ';
-  values.volts = quietVolts(seconds) * factor - 0.08 * values.amps;
+  values.volts = quiet * factor - kLineOhms * values.amps;
   values.watts = values.volts * values.amps * values.powerFactor;
-  values.neutralGroundVolts = 0.15 + 0.06 * values.amps + 0.05 * wander(place_.seed, kNeutral, seconds, 3.0);
-  values.hertz = place_.hertz + 0.03 * wander(place_.seed, kHertz, seconds, 20.0);
-  values.crestFactor = 1.405 + 0.015 * wander(place_.seed, kCrest, seconds, 30.0);
+  values.neutralGroundVolts = 0.15 + 0.06 * values.amps + 0.05 * wander(seed, kNeutral, moment.chance, 3.0);
+  values.hertz = place_.hertz + 0.03 * wander(seed, kHertz, moment.chance, 20.0);
+  values.crestFactor =
+      (square ? 1.0 : manner_->crest) + manner_->crestWander * wander(seed, kCrest, moment.chance, 30.0);
   return values;
 }
 
+// Where every day is alike, which slots of a day have a disturbance belongs to the story; chance moves it
+// within its slot.
 std::optional<Disturbance> Site::disturbanceOfSlot(std::int64_t slot) const {
-  double pick = chance(place_.seed, kKind, slot);
-  for (const Habit& habit : kHabits) {
-    if (pick >= habit.share) {
-      pick -= habit.share;
+  if (manner_->habits.empty()) return std::nullopt;
+  const double from = static_cast<double>(slot) * kSlotSeconds;
+  const Moment moment = momentOf(from);
+  double pick = manner_->everyDayAlike
+                    ? chance(kStorySeed, kKind, static_cast<std::int64_t>(moment.day / kSlotSeconds))
+                    : chance(place_.seed, kKind, slot);
+  for (const Habit& habit : manner_->habits) {
+    const double share = habit.share * (habit.grows ? moment.progress : 1.0);
+    if (pick >= share) {
+      pick -= share;
       continue;
     }
-    const double start = between(0.05, 0.85, chance(place_.seed, kStart, slot)) * kSlotSeconds;
-    return Disturbance{habit.kind, static_cast<double>(slot) * kSlotSeconds + start,
+    if (habit.days < 1.0 && chance(place_.seed, kDays, slot) >= habit.days) break;
+    const double start = from + between(0.05, 0.85, chance(place_.seed, kStart, slot)) * kSlotSeconds;
+    const double level = between(habit.lowest, habit.highest, chance(place_.seed, kLevel, slot));
+    return Disturbance{habit.kind, start,
                        between(habit.shortest, habit.longest, chance(place_.seed, kLength, slot)),
-                       between(habit.lowest, habit.highest, chance(place_.seed, kLevel, slot))};
+                       habit.ofRating ? level * place_.rating / quietVolts(momentOf(start)) : level};
   }
   return std::nullopt;
 }
 
-std::vector<Disturbance> Site::near(double from, double to) const {
-  std::vector<Disturbance> found = added_;
-  if (!place_.disturbances) return found;
+template <typename Take>
+void Site::forEachNear(double from, double to, const Take& take) const {
+  for (const Disturbance& disturbance : added_) take(disturbance);
+  if (!place_.disturbances) return;
   const auto last = static_cast<std::int64_t>(std::floor(to / kSlotSeconds));
   for (auto slot = static_cast<std::int64_t>(std::floor(from / kSlotSeconds)); slot <= last; ++slot) {
-    if (const auto disturbance = disturbanceOfSlot(slot)) found.push_back(*disturbance);
+    if (const auto disturbance = disturbanceOfSlot(slot)) take(*disturbance);
   }
-  return found;
 }
 
 std::vector<Disturbance> Site::disturbances(double from, double to) const {
-  std::vector<Disturbance> found = near(from, to);
-  std::erase_if(found, [&](const Disturbance& d) { return d.start < from || d.start >= to; });
+  std::vector<Disturbance> found;
+  forEachNear(from, to, [&](const Disturbance& d) {
+    if (d.start >= from && d.start < to) found.push_back(d);
+  });
   std::sort(found.begin(), found.end(), [](const auto& a, const auto& b) { return a.start < b.start; });
   return found;
 }
 
 double Site::nextChange(double seconds, double horizon) const {
   double next = horizon;
-  for (const Disturbance& disturbance : near(seconds, horizon)) {
+  forEachNear(seconds, horizon, [&](const Disturbance& disturbance) {
     for (const double moment : {disturbance.start, disturbance.start + disturbance.seconds}) {
       if (moment > seconds) next = std::min(next, moment);
     }
-  }
+  });
   return next;
 }
 

@@ -4,6 +4,8 @@
 #include <optional>
 #include <vector>
 
+#include "simulator/story.h"
+
 namespace zephon::simulator {
 
 // What the meters see at one moment, in engineering units.
@@ -33,20 +35,6 @@ struct Held {
   std::optional<double> crestFactor = {};
 };
 
-struct Disturbance {
-  enum class Kind {
-    Sag,       // level: factor on the voltage, below 1
-    Swell,     // level: factor on the voltage, above 1
-    Outage,    // no voltage
-    Surge,     // an impulse, too short for the meters
-    Overload,  // level: amps on top of the load
-  };
-  Kind kind = Kind::Sag;
-  double start = 0;    // seconds since the loop's start; negative before it
-  double seconds = 0;  // how long it lasts
-  double level = 0;
-};
-
 // The mains and the load at one place: a function of its random number and the time alone, so that any
 // moment, past ones included, can be asked for in any order and is always the same.
 class Site {
@@ -57,9 +45,13 @@ class Site {
     double hertz = 60;
     std::int64_t unixStart = 0;  // universal time at second 0: the load follows the hour of the day
     bool disturbances = true;
+    Story story = Story::Lively;
+    double rating = 120;  // of the device, for disturbances that are told by it
   };
 
-  explicit Site(const Place& place) : place_(place) {}
+  explicit Site(const Place& place);
+
+  const Manner& manner() const { return *manner_; }
 
   // At `seconds` since the start, all outlets on; without its disturbances if they are not wanted.
   SiteValues at(double seconds, bool disturbed = true) const;
@@ -74,12 +66,29 @@ class Site {
   void add(const Disturbance& disturbance) { added_.push_back(disturbance); }
 
  private:
+  // What a moment is told by: the place in the random numbers, the second and the hour of the day, how far
+  // the story has come.
+  struct Moment {
+    double chance, day, hour, progress;
+  };
+  // In-phase and reactive amps.
+  struct Load {
+    double real = 0;
+    double reactive = 0;  // positive: inductive
+
+    void add(double amps, double powerFactor);
+  };
+
+  Moment momentOf(double seconds) const;
+  Load loadAt(const Moment& moment) const;
+  double quietVolts(const Moment& moment) const;
   std::optional<Disturbance> disturbanceOfSlot(std::int64_t slot) const;
-  // Those that may touch the span.
-  std::vector<Disturbance> near(double from, double to) const;
-  double quietVolts(double seconds) const;
+  // Takes those that may touch the span.
+  template <typename Take>
+  void forEachNear(double from, double to, const Take& take) const;
 
   Place place_;
+  const Manner* manner_;
   std::vector<Disturbance> added_;
 };
 

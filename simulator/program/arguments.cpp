@@ -17,7 +17,8 @@ struct Draft {
   std::optional<double> siteVolts;
   std::optional<std::string> firmware;
   std::optional<std::string> userId;
-  double pastDays = 2;
+  double pastDays = 30;
+  ChartFitted chartMemory = ChartFitted::TwelvePages;
   Arguments out;
 };
 
@@ -54,6 +55,19 @@ bool readOutletFault(std::string_view text, Draft& draft) {
   return true;
 }
 
+bool readSite(std::string_view text, Draft& draft) {
+  const auto story = storyNamed(text);
+  if (story) draft.out.options.site = *story;
+  return story.has_value();
+}
+
+bool readChartMemory(std::string_view text, Draft& draft) {
+  draft.chartMemory = text == "2"   ? ChartFitted::FourPages
+                      : text == "4" ? ChartFitted::TwelvePages
+                                    : ChartFitted::None;
+  return text == "2" || text == "4" || text == "none";
+}
+
 bool readFolder(std::string_view text, Draft& draft) {
   draft.out.portsFolder = text;
   return !text.empty();
@@ -88,8 +102,17 @@ constexpr std::array kOptions = std::to_array<Option>({
     {"--seed", "N", "another seed makes another site (1)",
      [](std::string_view text,
         Draft& d) { return readNumber(text, std::uint64_t{0}, ~std::uint64_t{0}, d.out.options.seed); }},
-    {"--past", "DAYS", "how long the device has stood at the site, up to 90 (2)",
-     [](std::string_view text, Draft& d) { return readNumber(text, 0.0, 90.0, d.pastDays); }},
+    {"--site", "NAME",
+     "lively (this is the default), healthy, sagging-feeder, overloaded-circuit, square-wave-ups or\n"
+     "      growing-load",
+     readSite},
+    {"--past", "DAYS", "how long the device has stood at the site, up to 200 (30)",
+     [](std::string_view text, Draft& d) { return readNumber(text, 0.0, 200.0, d.pastDays); }},
+    {"--chart-memory", "2|4|none", "4 pages, 12 pages (this is the default) or none", readChartMemory},
+    {"--recording-hours", "HOURS", "how long the chart memory has been recording; 0: it is off (24)",
+     [](std::string_view text, Draft& d) {
+       return readNumber(text, 0.0, 4800.0, d.out.options.recordingHours);
+     }},
     {"--steady", "", "no disturbances at the site",
      [](std::string_view, Draft& d) { return d.out.options.disturbances = false, true; }},
     {"--fault", "KIND[:NAME=VALUE,...]",
@@ -134,6 +157,7 @@ std::string layFirmware(std::string text, Profile& profile) {
 
 std::string makeDevice(const Draft& draft, Profile& profile) {
   profile = makeProfile(draft.line, draft.rating);
+  profile.chartMemory = draft.chartMemory;
   if (draft.siteVolts) profile.siteVolts = *draft.siteVolts;
   if (draft.userId) profile.userId = *draft.userId;
   return draft.firmware ? layFirmware(*draft.firmware, profile) : std::string();
@@ -144,6 +168,7 @@ std::string makeDevice(const Draft& draft, Profile& profile) {
 Arguments parseArguments(std::span<const std::string_view> words, std::string_view portsFolder,
                          std::int64_t now) {
   Draft draft;
+  draft.out.options.recordingHours = 24;
   draft.out.portsFolder = portsFolder;
   draft.out.error = readWords(words, draft);
   Arguments& out = draft.out;

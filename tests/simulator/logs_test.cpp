@@ -111,7 +111,8 @@ TEST(HistoryLogTest, RowsAreHalfHoursAndWhatOutagesLeaveOfThem) {
 
 TEST(HistoryLogTest, SettingTheClockMovesTheEndOfTheRow) {
   BenchLine line({}, quiet());
-  line.ask("s;\x23\x59\x58\x12\x31\x18\x01", 10);  // from 14:30:00 to two seconds before midnight
+  line.idle(100);
+  line.ask("s;\x23\x59\x58\x12\x31\x18\x01", 10);  // from 14:31:40 to two seconds before midnight
   line.idle(1900);
   EXPECT_EQ(records(line.ask("gD", 10'000), kHistoryHead + 0, 6, 1), "240503003014\n");
   const std::string frame = line.device.device().historyFrame();

@@ -90,6 +90,19 @@ TEST(Program, ServesAPortThatIsOpenedManyTimes) {
   EXPECT_EQ(simulator.ask("gP", 10, 115200), "BENCH     ");
 }
 
+TEST(Program, HasLogsOfTheSiteItStandsAt) {
+  using namespace std::string_literals;
+  Running simulator(
+      {"--site", "growing-load", "--past", "3", "--chart-memory", "2", "--recording-hours", "1", "--fast"});
+  ASSERT_TRUE(comesTrue([&] { return simulator.linked(); }));
+  const std::string history = simulator.ask("gD", 110599, 115200, milliseconds(20'000));
+  ASSERT_EQ(history.size(), 110599u);
+  EXPECT_EQ(history[19], '0');
+  EXPECT_GE(static_cast<unsigned char>(history[21]), 144 * 16 / 256);  // three days of rows
+  const std::string page = simulator.ask("g`\x02\0"s, 32770, 115200, milliseconds(10'000));
+  EXPECT_EQ(page.substr(1, 4), "2STR");
+}
+
 TEST(Program, SignalsEndItAndRemoveItsLink) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     Running simulator({"--port", "12"});
@@ -110,10 +123,15 @@ TEST(Program, SecondLineAtFullSpeedWithFaults) {
 }
 
 TEST(Program, ABadCommandLineIsOneLineAndStatusTwo) {
-  const std::string bad[] = {
-      "--loud",     "--port",           "--port 0",         "--port 257",    "--volts 208",
-      "--seed -1",  "--seed x",         "--fault loud",     "--firmware 12", "--site-volts 0",
-      "--past 1e9", "--outlet-fault 1", "--firmware 12.34", "--ports ''",    ""};
+  const std::string bad[] = {"--loud",           "--port",
+                             "--port 0",         "--port 257",
+                             "--volts 208",      "--seed -1",
+                             "--seed x",         "--fault loud",
+                             "--firmware 12",    "--site-volts 0",
+                             "--past 201",       "--site moon",
+                             "--chart-memory 3", "--recording-hours -1",
+                             "--outlet-fault 1", "--firmware 12.34",
+                             "--ports ''",       ""};
   TempFolder folder;
   for (const std::string& words : bad) {
     const std::string command = "unset ZEPHON_PORTS; " + kProgram + " " + words + " >" + (folder / "out") +
