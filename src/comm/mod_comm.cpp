@@ -171,15 +171,26 @@ std::int32_t CommGetError(const PortTable& table, std::string& out) {
   return last.code;
 }
 
-Woke CommAwait(const Port& port, std::int16_t id, Instant deadline) {
-  const PortRecord* entry = findPort(port, id);
+namespace {
+
+// True if bytes wait to be read; a line that hung up has none.
+bool bytesWait(const Port& port, const PortRecord& entry) {
   std::uint32_t flags = 0;
   std::uint32_t queued = 0;
-  if (!entry || !port.serial.clearError(entry->handle, flags, queued)) return port.loop.sleepUntil(deadline);
-  if (queued > 0) return Woke::Readable;
-  const Woke woke = port.loop.sleepUntil(deadline, port.serial.descriptor(entry->handle));
-  if (woke != Woke::Readable) return woke;
-  if (port.serial.clearError(entry->handle, flags, queued) && queued > 0) return Woke::Readable;
+  return port.serial.clearError(entry.handle, flags, queued) && queued > 0;
+}
+
+}  // namespace
+
+Woke CommAwait(const Port& port, std::int16_t id, Instant deadline) {
+  const PortRecord* entry = findPort(port, id);
+  if (!entry) return port.loop.sleepUntil(deadline);
+  const int descriptor = port.serial.descriptor(entry->handle);
+  if (descriptor == kNoDescriptor) {
+    return bytesWait(port, *entry) ? Woke::Readable : port.loop.sleepUntil(deadline);
+  }
+  const Woke woke = port.loop.sleepUntil(deadline, descriptor);
+  if (woke != Woke::Readable || bytesWait(port, *entry)) return woke;
   return port.loop.sleepUntil(deadline);
 }
 

@@ -1,5 +1,6 @@
 #include "display/measurement_page.h"
 
+#include "protocol/asking.h"
 #include "protocol/counters.h"
 #include "protocol/measurement_show.h"
 #include "protocol/stay.h"
@@ -49,7 +50,7 @@ void toggleEnergy(Main& main) {
 // The page may be left, and another device connected, while the question stands: then nothing is cleared.
 void askToClear(Main& main, Button& button, bool& request) {
   const Stay stay(main);
-  if (!button.enabled() || !main.around.dialogs.yesNo(kClearQuestion) || !stay.stands()) return;
+  if (!button.enabled() || !askYesNo(main, kClearQuestion) || !stay.stands()) return;
   request = true;
   button.setEnabled(false);
 }

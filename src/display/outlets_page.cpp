@@ -58,7 +58,7 @@ bool pressCycle(Main& main) {
     button.setOffText(dictText(main, kKeyConfirmCycle));
     return readOutlets(main);
   }
-  if (button.offText() != dictText(main, kKeyConfirmCycle)) return !button.value();
+  if (button.offText() != dictText(main, kKeyConfirmCycle)) return true;
   button.setOffText({});
   return setOutletsCyc(main);
 }

@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "display/link_status.h"
 #include "display/setup_controls.h"
 #include "protocol/battery.h"
 #include "protocol/clock.h"
@@ -57,8 +58,11 @@ void wireLimits(Main& main, const PageExits& exits) {
 }
 
 void wireIdentity(Main& main, const PageExits& exits) {
-  wireNoted(main, exits, main.setup.updateIDBtn,
-            [&main](const Stay& stay) { return setUserID(main) && readBack(main, stay, getUserID); });
+  wireNoted(main, exits, main.setup.updateIDBtn, [&main](const Stay& stay) {
+    const bool good = setUserID(main) && readBack(main, stay, getUserID);
+    if (good) showLinkState(main);
+    return good;
+  });
 }
 
 // The computer's clock tells whole seconds; half of one is the mean of what it leaves out.

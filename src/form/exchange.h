@@ -25,7 +25,9 @@ struct Exchange {
   Timer Timer1;             // the one watchdog of all exchanges
   ExchangeFailure lastFailure = ExchangeFailure::None;
   int gathering = 0;            // exchanges that wait for a reply, one inside the other
+  int writesInFlight = 0;       // the device waits for the rest of what is being written
   bool replyAbandoned = false;  // a reply was given up and may still be on its way
+  std::string shortfall;        // how much came of a log that stopped short, for the message; empty without
 };
 
 }  // namespace zephon

@@ -10,19 +10,24 @@ namespace zephon {
 template <std::size_t Columns>
 using LogTable = std::vector<std::array<double, Columns>>;
 
+// Which log stands on the data page.
+enum class ShownLog { None, Events, History, Chart };
+
 // Times are local. Values are rounded by the text pictures that they passed through.
 struct Logs {
   // year (two digits), day, month, hour, minute, second, event code, magnitude
   LogTable<8> tsData;
-  // year, day, month, hour, minute, second; average and maximum power (W); average, maximum and minimum voltage
-  // (V); maximum current (A). One row a half hour; the last row is the moment of the download with zeros, and
-  // closes the record before it.
+  // year, day, month, hour, minute, second; average and maximum power (W); average, maximum and minimum
+  // voltage (V); maximum current (A). One row a half hour; the last row is the moment of the download with
+  // zeros, and closes the record before it.
   LogTable<12> histData;
   // dateSerial of the moment; voltage, current, power, neutral-ground voltage, frequency, power factor, crest
   // factor, energy (kWh). The last row of a live chart is the one being filled.
   LogTable<9> chartData;
-  // The last log's raw bytes, one character a byte; its length tells the logs apart: 8196, 110599, from 131072 on.
+  // The last log's raw bytes, one character a byte; its length tells the logs apart: 8196, 110599, from
+  // 131072 on.
   std::string rawLogBuffer;
+  ShownLog shown = ShownLog::None;
 };
 
 }  // namespace zephon

@@ -45,6 +45,7 @@ struct Main {
         scope(elements) {}
 
   Surroundings around;
+  bool closing = false;  // the user has closed the program; it ends as soon as no write is under way
   bool ending = false;  // the program is closing: every wait and exchange ends at once
 
   Link link;

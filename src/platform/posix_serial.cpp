@@ -71,11 +71,11 @@ void drain(int file) {
   }
 }
 
-// All nothing for a device that does not count.
-std::array<int, 5> errorCounts(int file) {
+// Nothing for a device that does not count.
+std::optional<std::array<int, 5>> errorCounts(int file) {
   serial_icounter_struct counts{};
-  if (::ioctl(file, TIOCGICOUNT, &counts) != 0) return {};
-  return {counts.buf_overrun, counts.overrun, counts.parity, counts.frame, counts.brk};
+  if (::ioctl(file, TIOCGICOUNT, &counts) != 0) return std::nullopt;
+  return std::array{counts.buf_overrun, counts.overrun, counts.parity, counts.frame, counts.brk};
 }
 
 struct Request {
@@ -173,14 +173,21 @@ bool PosixSerial::setState(SerialHandle handle, const LineState& state) {
   return taken == state || fail(EINVAL);
 }
 
+std::uint32_t PosixSerial::newErrors(Device& device) {
+  const ErrorCounts now = errorCounts(device.file).value_or(*device.errors);
+  const ErrorCounts before = std::exchange(*device.errors, now);
+  std::uint32_t flags = 0;
+  for (std::size_t i = 0; i < now.size(); ++i) flags |= (now[i] != before[i] ? 1u : 0u) << i;
+  return flags;
+}
+
 bool PosixSerial::clearError(SerialHandle handle, std::uint32_t& flags, std::uint32_t& queued) {
   flags = queued = 0;
   Device* device = find(handle);
   int waiting = 0;
   if (!device || !answer(::ioctl(device->file, FIONREAD, &waiting))) return false;
   if (waiting == 0 && hungUp(device->file)) return fail(EIO);
-  const ErrorCounts before = std::exchange(device->errors, errorCounts(device->file));
-  for (std::size_t i = 0; i < before.size(); ++i) flags |= (device->errors[i] != before[i] ? 1u : 0u) << i;
+  flags = device->errors ? newErrors(*device) : 0;
   queued = static_cast<std::uint32_t>(waiting);
   return true;
 }

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 
 #include "platform/port_folders.h"
 #include "platform/serial_device.h"
@@ -48,7 +49,7 @@ class PosixSerial : public SerialDevice {
   struct Device {
     int file;
     LineTimeouts timeouts{};
-    ErrorCounts errors{};
+    std::optional<ErrorCounts> errors;  // of a device that counts them
   };
 
   bool fail(int error);
@@ -56,6 +57,8 @@ class PosixSerial : public SerialDevice {
   bool answer(int result);
   Device* find(SerialHandle handle);
   bool claim(int file);
+  // The flags of what has gone wrong since the last call, on a device that counts.
+  static std::uint32_t newErrors(Device& device);
 
   PortFolders folders_;
   std::map<SerialHandle, Device> devices_;

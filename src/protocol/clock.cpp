@@ -23,11 +23,13 @@ UtcOffset offsetNow(const Main& main) {
 }
 
 // The command, then the bytes at the pace at which the device takes them.
-void sendClock(Main& main, const std::string& bytes) {
+// The field runs on during the pause; what it shows then is what is sent.
+void sendClock(Main& main) {
   const WriteInFlight held(main);
   flushPort(main);
   sendText(main, orvantis::kSetTime.text);
   wait(main, 100);
+  const std::string bytes = clockBytes(main.setup.timeNumEdit.value());
   for (std::size_t i = 0; i < bytes.size(); ++i) {
     sendText(main, partOf(bytes, i, 1));
     if (i + 1 < bytes.size()) wait(main, 10);
@@ -73,14 +75,14 @@ bool setTime(Main& main) {
   setup.timeNumEdit.setValue(setup.timeNumEdit.value() + offsetNow(main).days);
   setup.setTimeBtn.setTexts(dictText(main, kKeyUpdating));
   setup.setTimeAutoBtn.setTexts(dictText(main, kKeyUpdating));
-  sendClock(main, clockBytes(setup.timeNumEdit.value()));
+  sendClock(main);
   return getOK(main);
 }
 
 std::int16_t getYorCT(Main& main) {
   const Stay stay(main);
   flushPort(main);
-  sendText(main, tessara::kWiring.text);
+  if (!sendText(main, tessara::kWiring.text)) return 0;
   main.exchange.timedOut = false;
   if (!stay.stands()) return 0;
   const auto reply = gather(main, tessara::kWiring.timeoutMs, kWiringRead,

@@ -11,7 +11,7 @@ namespace zephon {
 // one without a time-out gets no answer that anybody waits for.
 struct DeviceCommand {
   std::string_view text;
-  std::int16_t replyBytes = 0;
+  std::int32_t replyBytes = 0;
   double timeoutMs = 0;
   std::string_view meaning;
 };
@@ -53,6 +53,11 @@ inline constexpr DeviceCommand kClearCounts{"s=", 0, kOkTimeout, "clear the coun
 inline constexpr DeviceCommand kClearEvents{"s>", 0, kOkTimeout, "clear the time-stamped log; then Y"};
 inline constexpr DeviceCommand kClearEnergy{"s?", 0, kOkTimeout, "clear the energy total; then Y"};
 inline constexpr DeviceCommand kClearHistory{"s@", 0, kOkTimeout, "clear the historical log; then Y"};
+
+// Logs, raw. The chart memory comes in pages, each asked for again when nothing comes for so long.
+inline constexpr DeviceCommand kEventLog{"gE", 8196, 10'000, "time-stamped log"};
+inline constexpr DeviceCommand kHistory{"gD", 110'599, 60'000, "historical log"};
+inline constexpr DeviceCommand kChartPage{"g`", 32'770, 100, "then the page's two bytes"};
 
 // Limits, one byte each, on a 120 V basis whatever the rating.
 inline constexpr DeviceCommand kUVco{"gH", 1, kDecimalTimeout, "under voltage shutdown"};

@@ -26,13 +26,19 @@ struct SignCode {
 };
 constexpr std::array<SignCode, 4> kSignCodes = {{{"36", 0}, {"163", 0}, {"128", 0}, {"122", 238}}};
 
-// The locale that the computer is set to; the classic one when that is unknown or broken.
-std::locale computerLocale() {
+std::locale openComputerLocale() {
   try {
     return std::locale("");
   } catch (const std::exception&) {
     return std::locale::classic();
   }
+}
+
+// The locale that the computer is set to; the classic one when that is unknown or broken. Opened once: that
+// costs the processor more than the rest of a polling pass.
+const std::locale& computerLocale() {
+  static const std::locale locale = openComputerLocale();
+  return locale;
 }
 
 void showEnergy(Main& main, std::string_view since) {

@@ -54,6 +54,7 @@ std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeout
   Exchange& exchange = main.exchange;
   const Port port = portOf(main);
   std::string gathered;
+  bool unreadable = false;  // the line gave an error, not silence
   exchange.replyBuffer.clear();
   exchange.Timer1.setEnabled(false);
   exchange.Timer1.setInterval(timeoutMs);
@@ -62,11 +63,13 @@ std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeout
     const std::int32_t count = CommRead(port, main.link.commPort, exchange.replyBuffer, readSize);
     gathered += exchange.replyBuffer;
     if (!stillWanted(main, visit)) return fail(main, ExchangeFailure::Cancelled);
+    if (exchange.timedOut && unreadable) return fail(main, ExchangeFailure::Closed);
     if (exchange.timedOut) {
       return fail(main, gathered.empty() ? ExchangeFailure::TimedOut : ExchangeFailure::ShortReply);
     }
     if (!exchange.Timer1.enabled()) return fail(main, ExchangeFailure::Cancelled);
     if (!portIsOpen(main)) return fail(main, ExchangeFailure::Closed);
+    unreadable = count < 0;
     if (count <= 0) CommAwait(port, main.link.commPort);  // the watchdog ends it at the latest
   }
   exchange.Timer1.setEnabled(false);
@@ -132,15 +135,19 @@ std::optional<std::string> gather(Main& main, double timeoutMs, std::int32_t rea
   return gatherFor(main, main.pages.wanted, timeoutMs, readSize, complete);
 }
 
-std::optional<std::string> countedQuery(Main& main, const DeviceCommand& command) {
+std::optional<std::string> wholeReply(Main& main, const DeviceCommand& command) {
   const PageVisit visit = main.pages.wanted;
   const auto count = static_cast<std::size_t>(command.replyBytes);
   main.exchange.timedOut = false;
   flushPort(main);
   if (!sendText(main, command.text)) return fail(main, ExchangeFailure::Closed);
-  auto reply = gatherFor(main, visit, command.timeoutMs, kReplyRead,
-                         [count](const std::string& gathered) { return gathered.size() >= count; });
-  if (reply) reply->erase(0, reply->size() - count);
+  return gatherFor(main, visit, command.timeoutMs, kReplyRead,
+                   [count](const std::string& gathered) { return gathered.size() >= count; });
+}
+
+std::optional<std::string> countedQuery(Main& main, const DeviceCommand& command) {
+  auto reply = wholeReply(main, command);
+  if (reply) reply->erase(0, reply->size() - static_cast<std::size_t>(command.replyBytes));
   return reply;
 }
 
@@ -172,26 +179,31 @@ float getUnscaledFraction(Main& main, const DeviceCommand& command, bool isSigne
 
 namespace {
 
-std::array<Button*, 7> pageButtons(Main& main) {
+// What could close the port, or open a box, in the middle of a write.
+std::array<Element*, 11> heldElements(Main& main) {
   FrameElements& f = main.frame;
-  return {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn, &f.dataBtn, &f.setupBtn, &f.comBtn};
+  MeasurementElements& m = main.measurement;
+  return {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn,  &f.dataBtn,         &f.setupBtn,
+          &f.comBtn,  &f.helpBtn,  &m.clrEUbtn, &m.clrCountBtn, &main.com.langCombo};
 }
 
 }  // namespace
 
 WriteInFlight::WriteInFlight(Main& main) : main_(main) {
+  ++main.exchange.writesInFlight;
   std::uint32_t bit = 1;
-  for (Button* button : pageButtons(main)) {
-    if (button->enabled()) wasEnabled_ |= bit;
-    button->setEnabled(false);
+  for (Element* element : heldElements(main)) {
+    if (element->enabled()) wasEnabled_ |= bit;
+    element->setEnabled(false);
     bit <<= 1;
   }
 }
 
 WriteInFlight::~WriteInFlight() {
+  if (--main_.exchange.writesInFlight == 0 && main_.closing) main_.ending = true;
   std::uint32_t bit = 1;
-  for (Button* button : pageButtons(main_)) {
-    if ((wasEnabled_ & bit) != 0) button->setEnabled(true);
+  for (Element* element : heldElements(main_)) {
+    if ((wasEnabled_ & bit) != 0) element->setEnabled(true);
     bit <<= 1;
   }
 }

@@ -44,6 +44,9 @@ using Complete = std::function<bool(const std::string& gathered)>;
 std::optional<std::string> gather(Main& main, double timeoutMs, std::int32_t readSize,
                                   const Complete& complete);
 
+// Flushes, sends the command and gathers at least as many bytes as its row tells; all that came.
+std::optional<std::string> wholeReply(Main& main, const DeviceCommand& command);
+
 // Flushes, sends the command, gathers, and keeps the last bytes that the command's row tells.
 std::optional<std::string> countedQuery(Main& main, const DeviceCommand& command);
 
@@ -59,8 +62,8 @@ std::int32_t getDecimal(Main& main, const DeviceCommand& command);
 // The counted query for a fraction of full scale; noFraction on failure.
 float getUnscaledFraction(Main& main, const DeviceCommand& command, bool isSigned);
 
-// Holds the page buttons while a write of several parts is under way: a device left in the middle of one
-// would take the next command's first byte for the missing value.
+// Holds the page buttons, and the program's end, while a write of several parts is under way: a device left
+// in the middle of one would take the next command's first byte for the missing value.
 class WriteInFlight {
  public:
   explicit WriteInFlight(Main& main);

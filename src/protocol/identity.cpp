@@ -55,22 +55,22 @@ std::string nameBytes(std::string_view name) {
 bool getFirmwareVersion(Main& main) {
   const bool first = main.link.modelLine == 0;
   const auto reply = countedQuery(main, first ? orvantis::kFirmwareVersion : tessara::kFirmwareVersion);
-  main.link.firmwareVersion = firmwareText(reply.value_or(""), main.link.modelLine);
+  if (reply) main.link.firmwareVersion = firmwareText(*reply, main.link.modelLine);
   return reply.has_value();
 }
 
 bool getChipID(Main& main) {
   const bool first = main.link.modelLine == 0;
   const auto reply = countedQuery(main, first ? orvantis::kChipID : tessara::kChipID);
-  main.link.chipID = chipText(reply.value_or(""));
+  if (reply) main.link.chipID = chipText(*reply);
   return reply.has_value();
 }
 
 bool getUserID(Main& main) {
   if (main.link.modelLine == 0) {
     const auto reply = countedQuery(main, orvantis::kUserID);
-    main.link.userID = fromWindows1252(reply.value_or(""));
     if (!reply) return false;
+    main.link.userID = fromWindows1252(*reply);
   } else if (main.link.userID.empty()) {
     main.link.userID = "TessaraPCS";
   }

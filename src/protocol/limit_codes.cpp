@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace zephon {
 namespace {
@@ -62,6 +63,21 @@ std::optional<char> limitWireByte(std::optional<int> left, std::optional<int> ri
 }
 
 }  // namespace
+
+double nearestListed(std::size_t which, std::int16_t nominalVolts, double volts) {
+  const LimitCodes* codes = which == editor::OVco   ? &OVcoCodes
+                            : which == editor::OVre ? &OVreCodes
+                            : which == editor::UVre ? &UVreCodes
+                            : which == editor::UVco ? &UVcoCodes
+                                                    : nullptr;
+  if (codes == nullptr) return volts;
+  double nearest = voltsOf(codes->front(), nominalVolts);
+  for (const LimitCode& code : *codes) {
+    const double listed = voltsOf(code, nominalVolts);
+    if (std::fabs(listed - volts) < std::fabs(nearest - volts)) nearest = listed;
+  }
+  return nearest;
+}
 
 Limits limitsOfBytes(std::uint8_t byte254, std::uint8_t byte255, std::int16_t nominalVolts) {
   const LimitCode& OVco = codeOfDigit(OVcoCodes, byte255 >> 4);

@@ -13,6 +13,9 @@ namespace zephon {
 //   byte 254: left OVre, right UVre      byte 255: left OVco, right UVco
 // The digit picks a voltage from a short list. The two restore points are not stored; they follow.
 
+// The voltage of the editor's list that is nearest to another one; the same for an editor without a list.
+double nearestListed(std::size_t which, std::int16_t nominalVolts, double volts);
+
 // All six limits from the two bytes.
 Limits limitsOfBytes(std::uint8_t byte254, std::uint8_t byte255, std::int16_t nominalVolts);
 

@@ -3,6 +3,7 @@
 #include <iterator>
 #include <optional>
 
+#include "protocol/limit_codes.h"
 #include "protocol/limit_editors.h"
 
 namespace zephon {
@@ -112,6 +113,8 @@ void editorChanged(Main& main, std::size_t which, double value, double previous)
   if (main.link.modelLine == 1) {
     const auto behind = valueBehindGap(which, main.link.nominalVolts, value, previous);
     if (behind && allows(changed, *behind)) return changed.setValue(*behind);  // which comes back and couples
+    const double listed = nearestListed(which, main.link.nominalVolts, value);
+    if (listed != value && allows(changed, listed)) return changed.setValue(listed);
   }
   couple(main, which, value);
 }

@@ -129,6 +129,13 @@ bool setEnablePowerFailHold(Main& main, bool on) {
   return writeOption(main, kPowerFailHold, on);
 }
 
+void showOptionTexts(Main& main) {
+  for (const Option* option :
+       {&kAutoTransmit, &kChartMemory, &kGroundDetection, &kOverloadShutdown, &kPowerFailHold}) {
+    showTexts(main, *option, (main.setup.*option->button).value());
+  }
+}
+
 void showChartMemoryText(Main& main) {
   showTexts(main, kChartMemory, main.setup.startInternalCMbtn.value());
 }

@@ -23,6 +23,8 @@ bool setEnableGndDetect(Main& main, bool on);
 bool setEnableOLshutdown(Main& main, bool on);
 bool setEnablePowerFailHold(Main& main, bool on);
 
+// Puts the texts and tooltips of all five back by their buttons' values: the language has changed.
+void showOptionTexts(Main& main);
 // Puts the chart memory's text and tooltip back by its button's value.
 void showChartMemoryText(Main& main);
 

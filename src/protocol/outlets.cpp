@@ -3,7 +3,6 @@
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/stay.h"
-#include "protocol/whole_reply.h"
 
 namespace zephon {
 namespace {

@@ -9,7 +9,6 @@
 #include "protocol/pd_rotation.h"
 #include "protocol/pic_image.h"
 #include "protocol/stay.h"
-#include "protocol/whole_reply.h"
 
 namespace zephon {
 namespace {

@@ -15,6 +15,7 @@ inline constexpr Colour kGreen = 65280;
 inline constexpr Colour kYellow = 65535;
 inline constexpr Colour kRed = 255;
 inline constexpr Colour kBlack = 0;
+inline constexpr Colour kUnjudged = 0x808080;  // a reading for which there are no bounds
 inline constexpr Colour kWhite = 0xFFFFFF;
 
 // A meter's fill: on, it is polled; off, it is skipped.

@@ -5,6 +5,7 @@
 #include <iterator>
 #include <optional>
 
+#include "display/link_status.h"
 #include "platform/save_file.h"
 #include "shell/config_file.h"
 #include "shell/connection.h"
@@ -49,6 +50,7 @@ void writeConfiguration(Main& main) {
 void saveComNumber(Main& main) {
   main.frame.COMlbl.setCaption(shortestText(main.com.comNumEdit.value()));
   writeConfiguration(main);
+  showLinkState(main);
 }
 
 }  // namespace zephon

@@ -1,12 +1,14 @@
 #include "shell/connection.h"
 
+#include <utility>
+
 #include "comm/cable.h"
 #include "comm/mod_comm.h"
+#include "display/link_status.h"
 #include "protocol/clock.h"
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/identity.h"
-#include "shell/link_status.h"
 #include "shell/visit.h"
 #include "text/number.h"
 #include "text/strings.h"
@@ -106,13 +108,16 @@ bool knowsWiring(const Link& link) {
 }
 
 bool identify(Main& main) {
+  main.link.yOrCTflag = false;  // only a device that knows its wiring sets it
   if (!getChipID(main) || !getUserID(main) || !readRating(main)) return false;
   return !knowsWiring(main.link) || getYorCT(main) != 0;
 }
 
 void closeLink(Main& main) {
   closePort(main);
-  main.link.connected = false;
+  main.link.connected = main.link.identified = false;
+  // What was asked of this device is not for the next one.
+  main.counters.clearCountsRequest = main.energy.clearEnergyRequest = false;
   main.frame.comBtn.setVisible(true);
   if (!main.link.openFailed) showLinkState(main);  // otherwise the reason stays in sight
 }
@@ -125,7 +130,7 @@ void zeroPointers(Slider& slider, std::size_t from) {
 
 bool connectSub(Main& main) {
   const PageVisit visit = main.pages.wanted;
-  main.link.openFailed = false;
+  main.link.openFailed = main.link.identified = false;
   resetDisplays(main);
   if (main.config.checkComSettings && !checkCOMsettings(main)) {
     main.around.dialogs.message(dictText(main, kKeyCheckCable));
@@ -141,6 +146,8 @@ bool connectSub(Main& main) {
   showModel(main);
   main.frame.comBtn.setVisible(false);
   const bool identified = identify(main);
+  if (!stands(main, visit)) return false;  // the line may be another visit's by now
+  main.link.identified = identified;
   if (identified) showLinkState(main);
   return identified;
 }
@@ -156,7 +163,10 @@ void disconnectSub(Main& main) {
 void errorSub(Main& main) {
   if (main.ending) return;
   FrameElements& f = main.frame;
-  const ExchangeFailure why = main.exchange.lastFailure;
+  const LostLink lost = lostLink(main, main.exchange.lastFailure);
+  const std::string shortfall = std::exchange(main.exchange.shortfall, {});
+  const int told = main.link.lossesTold;
+  main.link.identified = false;  // a page pressed meanwhile connects afresh
   endAllVisits(main);
   const PageVisit none = main.pages.wanted;
   for (Button* page : {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn, &f.dataBtn, &f.setupBtn}) {
@@ -165,9 +175,11 @@ void errorSub(Main& main) {
   }
   if (stands(main, none)) {
     closeLink(main);
-    if (!main.link.openFailed) showLinkLost(main, why);
+    if (!main.link.openFailed) showLinkLost(main, lost);
   }
-  if (!main.ending && !main.link.openFailed) main.around.dialogs.message(dictText(main, kKeyLinkLost));
+  if (main.ending || main.link.openFailed || main.link.lossesTold != told) return;
+  ++main.link.lossesTold;
+  main.around.dialogs.message(dictText(main, kKeyLinkLost), shortfall.empty() ? lost.advice : shortfall);
 }
 
 void saveErrorSub(Main& main) {
@@ -190,12 +202,17 @@ void resetDisplays(Main& main) {
   for (const auto& meter : meters) {
     meter.label.setCaption(meter.unit);
     meter.label.setStale(false);
+    meter.slider.setPointerColour(0, kUnjudged);
     zeroPointers(meter.slider, 0);
   }
   zeroPointers(m.recSlide, 1);
-  const bool request = main.counters.clearCountsRequest;
   main.counters = {};
-  main.counters.clearCountsRequest = request;
+  for (TextBox* box : {&m.POrecTxt, &m.UVcorecTxt, &m.UVrerecTxt, &m.OVrerecTxt, &m.OVcorecTxt, &m.SGrecTxt,
+                       &m.OLrecTxt, &m.EUtxt}) {
+    box->setText("");
+    box->setStale(false);
+  }
+  m.EnCostLbl.setCaption("");
 }
 
 }  // namespace zephon

@@ -5,6 +5,8 @@
 #include <fstream>
 #include <iterator>
 
+#include "protocol/asking.h"
+#include "protocol/options.h"
 #include "shell/configuration.h"
 #include "shell/dictionary_file.h"
 #include "shell/dictionary_texts.h"
@@ -56,6 +58,7 @@ std::string loadDictionary(Main& main) {
   main.dict = std::move(read.entries);
   fillLanguageList(main);
   showTexts(main);
+  if (main.pages.setupOn) showOptionTexts(main);
   fillFindingTexts(main);
   return {};
 }
@@ -68,7 +71,7 @@ void chooseLanguage(Main& main) {
   if (fault.empty()) return writeConfiguration(main);
   main.config.language = before;
   fillLanguageList(main);
-  main.around.dialogs.message("Unable to locate or read dictionary file.", fault);
+  tell(main, "Unable to locate or read dictionary file.", fault);
 }
 
 }  // namespace zephon

@@ -1,5 +1,6 @@
 #include "shell/help.h"
 
+#include "protocol/asking.h"
 #include "protocol/dict_text.h"
 
 namespace zephon {
@@ -15,7 +16,7 @@ void showHelp(Main& main) {
   int number = 0;
   for (const std::size_t key : kHelpKeys)
     text += "\n" + std::to_string(++number) + ". " + dictText(main, key);
-  main.around.dialogs.message(text);
+  tell(main, text);
   main.frame.helpBtn.setValue(false);
 }
 

@@ -3,12 +3,12 @@
 #include <string>
 
 #include "comm/mod_comm.h"
+#include "display/data_page.h"
 #include "display/outlets_page.h"
 #include "display/setup_page.h"
 #include "protocol/exchange.h"
 #include "protocol/thresholds.h"
 #include "shell/connection.h"
-#include "shell/link_status.h"
 #include "shell/page_layout.h"
 #include "shell/visit.h"
 #include "text/number.h"
@@ -64,6 +64,10 @@ bool readSetup(Main& main, const PageVisit& /*visit*/) {
   return readSetupPage(main);
 }
 
+bool readData(Main& main, const PageVisit& /*visit*/) {
+  return readDataPage(main);
+}
+
 bool startOutlets(Main& main, const PageVisit& /*visit*/) {
   startOutletsPage(main);
   return true;
@@ -76,7 +80,7 @@ const PageRow kPages[] = {
     {Page::Chart, &FrameElements::ChartBtn, &Pages::chartOn, hideChartPage, 100, true, nothing, nothing},
     {Page::Outlets, &FrameElements::outletsBtn, &Pages::outletsOn, hideOutletsPage, 100, true, nothing,
      startOutlets},
-    {Page::Data, &FrameElements::dataBtn, &Pages::dataOn, hideDataPage, 100, false, nothing, nothing},
+    {Page::Data, &FrameElements::dataBtn, &Pages::dataOn, hideDataPage, 100, false, nothing, readData},
     {Page::Setup, &FrameElements::setupBtn, &Pages::setupOn, hideSetupPage, 100, true, nothing, readSetup},
 };
 
@@ -103,14 +107,13 @@ bool anyPageOn(const Main& main) {
 
 // Whether the page can be opened now. One that works without a device leaves no port half open.
 bool connected(Main& main, const PageRow& row, const PageVisit& visit) {
-  if (main.link.connected) return true;
+  if (main.link.connected && main.link.identified) return true;
+  if (main.link.connected) disconnectSub(main);  // an attempt that this page cut short
   closeHalfOpen(main);
   const bool up = connectSub(main);
   if (!stands(main, visit)) return false;
   if (up || row.needsDevice) return up;
-  main.link.connected = false;
-  closeHalfOpen(main);
-  if (!main.link.openFailed) showLinkState(main);
+  disconnectSub(main);
   return true;
 }
 
@@ -143,6 +146,7 @@ void pageOff(Main& main, const PageRow& row) {
   if (row.page == Page::Measurement) {
     main.measurement.clrCountBtn.setEnabled(false);
     main.measurement.clrEUbtn.setEnabled(false);
+    main.counters.clearCountsRequest = main.energy.clearEnergyRequest = false;
   }
   row.hide(main);
   const PageVisit after = main.pages.wanted;

@@ -2,6 +2,7 @@
 
 #include <initializer_list>
 
+#include "display/data_page.h"
 #include "shell/firmware_gates.h"
 
 namespace zephon {
@@ -91,11 +92,6 @@ void measurementOfSecondLine(Main& main, const FirmwareGates& gates) {
   if (!gates.neutralGround) hide({&m.VngLbl, &m.VngSlide});
 }
 
-void dataPage(Main& main, bool on) {
-  DataElements& d = main.data;
-  setVisible({&d.tsDataBtn, &d.clrTsDataBtn, &d.histDataBtn, &d.clrHistDataBtn}, on);
-}
-
 void layMeasurement(Main& main, const FirmwareGates& gates) {
   main.timers.Timer3.setEnabled(false);
   main.frame.EUlbl.setCaption("");  // it may still tell the battery
@@ -106,18 +102,10 @@ void layMeasurement(Main& main, const FirmwareGates& gates) {
 }
 
 void laySetup(Main& main, const FirmwareGates& gates) {
+  main.frame.EUlbl.setCaption("");  // it may still tell the energy's date
   setupPage(main, true);
   setupGates(main, gates);
   if (main.link.modelLine == 1) setupOfSecondLine(main);
-}
-
-void layData(Main& main, const FirmwareGates& gates) {
-  DataElements& d = main.data;
-  dataPage(main, true);
-  for (Button* button : {&d.tsDataBtn, &d.clrTsDataBtn, &d.histDataBtn, &d.clrHistDataBtn})
-    button->setEnabled(true);
-  d.cmDataBtn.setVisible(gates.internalChart);
-  if (main.link.modelLine == 1) hide({&d.histDataBtn, &d.clrHistDataBtn, &d.cmDataBtn});
 }
 
 void hideEveryPageBut(Main& main, const bool* flag) {
@@ -154,7 +142,7 @@ void pageLayout(Main& main) {
   if (pages.setupOn) laySetup(main, gates);
   if (pages.measuring) layMeasurement(main, gates);
   if (pages.outletsOn) show({&main.outlets.oOnBtn, &main.outlets.oCycBtn, &main.outlets.oFltBtn});
-  if (pages.dataOn) layData(main, gates);
+  if (pages.dataOn) layDataPage(main, gates.internalChart);
   if (pages.comOn) {
     show({&main.com.comNumEdit, &main.com.saveComBtn, &main.com.detectComBtn, &main.com.configComBtn,
           &main.com.langCombo, &main.com.langLbl});
@@ -193,15 +181,9 @@ void hideOutletsPage(Main& main) {
 }
 
 void hideDataPage(Main& main) {
-  DataElements& d = main.data;
   main.pages.dataOn = false;
   main.pages.dataPageActive = false;
-  hide({&d.tsDataBtn, &d.clrTsDataBtn, &d.clrHistDataBtn, &d.histDataBtn, &d.cmDataBtn, &d.dataProgSlide});
-  for (Button* view :
-       {&d.PavgHistBtn, &d.VavgHistBtn, &d.maxMinHistBtn, &d.vMaxBtn, &d.vMinBtn, &d.iMaxBtn, &d.pMaxBtn}) {
-    view->setValue(false);
-    view->setVisible(false);
-  }
+  clearDataPage(main);
 }
 
 void hideComPage(Main& main) {

@@ -1,11 +1,13 @@
 #include "shell/start.h"
 
+#include <cstdio>
+
 #include "comm/mod_comm.h"
+#include "display/link_status.h"
 #include "protocol/exchange.h"
 #include "shell/configuration.h"
 #include "shell/connection.h"
 #include "shell/dictionary.h"
-#include "shell/link_status.h"
 #include "shell/wiring.h"
 #include "text/strings.h"
 
@@ -15,7 +17,8 @@ Started formLoad(Main& main, const std::string& commandLine) {
   readConfiguration(main);
   const std::string fault = loadDictionary(main);
   if (!fault.empty()) {
-    main.around.dialogs.message(kNoDictionary, fault);
+    main.around.dialogs.message(kNoDictionary);
+    std::fprintf(stderr, "zephon: %s\n", fault.c_str());
     return Started::NoDictionary;
   }
   wireMain(main);
@@ -29,6 +32,8 @@ Started formLoad(Main& main, const std::string& commandLine) {
 }
 
 void formUnload(Main& main) {
+  main.closing = true;
+  if (main.exchange.writesInFlight > 0) return;  // at its end the write ends the program
   main.ending = true;
   main.pages.scopeOn = false;
   const Port port = portOf(main);

@@ -1,22 +1,41 @@
 #include "shell/unattended.h"
 
-#include <cstdio>
+#include <filesystem>
 
+#include "files/csv_write.h"
+#include "logs/event_download.h"
+#include "platform/paths.h"
+#include "platform/read_file.h"
+#include "platform/save_file.h"
+#include "protocol/dict_text.h"
 #include "protocol/measurement.h"
-#include "protocol/thresholds.h"
 #include "shell/connection.h"
+#include "shell/export_command.h"
+#include "shell/export_text.h"
 #include "shell/page_layout.h"
 
 namespace zephon {
 namespace {
 
-constexpr int kTries = 4;
+constexpr int kDone = 0;
+constexpr int kUnusable = 2;
 constexpr int kCantOpen = 3;
 constexpr int kNoAnswer = 4;
+constexpr int kCantWrite = 5;
 
-// Everything that the measurement page would show for this device; that also tells the pass what to read.
-bool measure(Main& main) {
-  if (!getThresholds(main)) return false;
+constexpr int kTries = 4;
+constexpr std::size_t kKeySaveFailed = 47;
+constexpr std::size_t kLargestFile = std::size_t{1} << 30;
+
+bool readEvents(Main& main) {
+  main.pages.dataPageActive = true;
+  const bool read = getTSdata(main);
+  main.pages.dataPageActive = false;
+  return read;
+}
+
+// As the measurement page for this device; that also tells the pass what to read.
+bool readMeasurements(Main& main) {
   main.pages.measuring = true;
   pageLayout(main);
   for (int attempt = 0; attempt < kTries; ++attempt) {
@@ -25,30 +44,55 @@ bool measure(Main& main) {
   return false;
 }
 
-void printReadings(const Main& main) {
-  const MeasurementElements& m = main.measurement;
-  std::printf("%s\n", main.frame.linkLbl.caption().c_str());
-  for (const Label* label : {&m.VlnLbl, &m.Ilbl, &m.Plbl, &m.VngLbl, &m.fLbl, &m.pfLbl, &m.cfLbl}) {
-    if (label->visible()) std::printf("%s\t%s\n", label->tooltip().c_str(), label->caption().c_str());
-  }
-  if (m.EUtxt.visible()) {
-    std::printf("%s\t%s\n%s\n", m.EUtxt.tooltip().c_str(), m.EUtxt.text().c_str(),
-                main.frame.EUlbl.caption().c_str());
-  }
-  for (const TextBox* box :
-       {&m.POrecTxt, &m.UVcorecTxt, &m.UVrerecTxt, &m.OVrerecTxt, &m.OVcorecTxt, &m.SGrecTxt, &m.OLrecTxt}) {
-    if (box->visible()) std::printf("%s\t%s\n", box->tooltip().c_str(), box->text().c_str());
-  }
+bool readDevice(Main& main, const ExportCommand& command) {
+  if (command.events && !readEvents(main)) return false;
+  return readMeasurements(main);
+}
+
+bool tellFailure(Main& main, const std::string& reason) {
+  main.around.dialogs.message(dictText(main, kKeySaveFailed), reason);
+  return false;
+}
+
+// What stands in the file, ended by a line end. A device or a pipe has nothing to keep.
+FileContent oldContent(const std::string& path) {
+  std::error_code ignored;
+  if (!std::filesystem::is_regular_file(path, ignored)) return {};
+  FileContent old = readFile(path, kLargestFile);
+  if (!old.bytes.empty() && !old.bytes.ends_with('\n')) old.bytes += kLineEnd;
+  return old;
+}
+
+bool writeExport(Main& main, const ExportCommand& command) {
+  const bool appends = command.append && fileExists(command.file);
+  FileContent content;
+  if (appends) content = oldContent(command.file);
+  if (!content) return tellFailure(main, content.fault);
+  content.bytes += exportText(main, command, !appends);
+  const SaveResult saved = saveFile(command.file, content.bytes);
+  return saved || tellFailure(main, saveErrorText(saved));
 }
 
 }  // namespace
 
-int runUnattended(Main& main, const std::string& /*commandLine*/) {
-  if (!connectSub(main)) return main.link.openFailed ? kCantOpen : kNoAnswer;
-  const bool measured = measure(main);
-  if (measured) printReadings(main);
+int runUnattended(Main& main, const std::string& commandLine) {
+  const auto command = parseExport(commandLine);
+  if (!command) {
+    main.around.dialogs.message(std::string(kExportUsage));
+    return kUnusable;
+  }
+  const bool connected = connectSub(main);
+  if (!connected && main.link.openFailed) {
+    disconnectSub(main);
+    return kCantOpen;
+  }
+  if (!connected || !readDevice(main, *command)) {
+    errorSub(main);
+    return kNoAnswer;
+  }
+  const bool written = writeExport(main, *command);
   disconnectSub(main);
-  return measured ? 0 : kNoAnswer;
+  return written ? kDone : kCantWrite;
 }
 
 }  // namespace zephon

@@ -1,7 +1,10 @@
 #include "shell/wiring.h"
 
+#include "display/data_page.h"
+#include "display/log_views.h"
 #include "display/measurement_page.h"
 #include "display/outlets_page.h"
+#include "display/saving.h"
 #include "display/setup_page.h"
 #include "protocol/exchange.h"
 #include "shell/configuration.h"
@@ -20,6 +23,9 @@ void wireMain(Main& main) {
   wireMeasurementPage(main);
   wireSetupPage(main, exits);    // also Timer2 and Timer3
   wireOutletsPage(main, exits);  // also outletTimer
+  wireDataPage(main, exits);
+  wireLogViews(main);  // also the graph's cursors
+  wireSaving(main);    // saveBtn
   main.timers.measurementTimer.onTick = [&main] { pollTick(main); };
   main.com.saveComBtn.onChange = [&main](bool pressed) {
     if (pressed) saveComNumber(main);
@@ -29,8 +35,7 @@ void wireMain(Main& main) {
     if (on) showHelp(main);
   };
   // Nothing answers these yet.
-  for (Button* button :
-       {&main.com.detectComBtn, &main.com.configComBtn, &main.frame.saveBtn, &main.frame.expertBtn}) {
+  for (Button* button : {&main.com.detectComBtn, &main.com.configComBtn, &main.frame.expertBtn}) {
     button->setEnabled(false);
   }
 }

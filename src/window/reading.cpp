@@ -10,7 +10,7 @@ namespace zephon {
 namespace {
 
 constexpr double kUnitGap = 0.22;  // of the number's size
-constexpr double kLeastUnit = 0.28;
+constexpr double kLeastUnit = 0.32;
 constexpr double kSmallest = 12;
 constexpr double kLargest = 96;
 
@@ -25,7 +25,7 @@ struct Sizes {
 };
 
 Sizes sizesFor(const Reading& reading, const QFont& font, const QSizeF& box) {
-  Sizes sizes{std::clamp(std::min(box.height() * 0.6, box.width() * 0.19), kSmallest, kLargest), 0};
+  Sizes sizes{std::clamp(std::min(box.height() * 0.6, box.width() * 0.175), kSmallest, kLargest), 0};
   sizes.unit = sizes.digits / 2;
   const auto width = [&font](const QString& text, double points) {
     return QFontMetricsF(sized(font, points)).horizontalAdvance(text);

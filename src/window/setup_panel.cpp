@@ -106,15 +106,15 @@ QWidget* wiringRow(SetupElements& page, QWidget* parent) {
   row->setContentsMargins(0, 0, 0, 0);
   QLabel* wye = draw(page.yLbl, line);
   QLabel* tap = draw(page.ctLbl, line);
-  row->addWidget(wye);
-  row->addWidget(draw(page.YorCTbutton, words::kWiring, line, StateButton::Look::Switch));
   row->addWidget(tap);
+  row->addWidget(draw(page.YorCTbutton, words::kWiring, line, StateButton::Look::Switch));
+  row->addWidget(wye);
   row->addStretch(1);
   const auto embolden = [wye, tap, &page] {
     QFont font = wye->font();
-    font.setBold(!page.YorCTbutton.value());
-    wye->setFont(font);
     font.setBold(page.YorCTbutton.value());
+    wye->setFont(font);
+    font.setBold(!page.YorCTbutton.value());
     tap->setFont(font);
   };
   watchWhile(*line, page.YorCTbutton, embolden);

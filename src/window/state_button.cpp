@@ -16,6 +16,7 @@ constexpr int kLamp = 10;
 constexpr int kGap = 8;
 constexpr int kRadius = 4;
 constexpr QSize kSwitch(52, 28);
+constexpr int kRoomy = 220;  // a large button of this width can afford wide edges
 constexpr int kRailWidth = 100;
 constexpr int kTallRail = 50;  // from here up a page's word stands under its drawing
 
@@ -136,7 +137,7 @@ void StateButton::paintSwitch(QPainter& painter) {
 
 void StateButton::paintRow(QPainter& painter) {
   const bool big = !shows(Look::Plain);
-  const double edge = big ? 2 * kPadding : kPadding;
+  const double edge = big && width() >= kRoomy ? 2 * kPadding : kPadding;
   QRectF box = QRectF(rect()).adjusted(edge, 3, -edge, -3);
   if (isCheckable()) {
     const double side = big ? 2 * kLamp : kLamp;
@@ -149,7 +150,7 @@ void StateButton::paintRow(QPainter& painter) {
       painter.setBrush(isChecked() ? QBrush(filled) : QBrush());
       painter.drawEllipse(lamp.adjusted(1, 1, -1, -1));
     }
-    box.setLeft(lamp.right() + (big ? 2 * kGap : kGap));
+    box.setLeft(lamp.right() + (edge > kPadding ? 2 * kGap : kGap));
   }
   if (glyph_ != Glyph::None) {
     const double side = std::min(box.height(), QFontMetricsF(captionFont()).height());
@@ -159,7 +160,7 @@ void StateButton::paintRow(QPainter& painter) {
   }
   painter.setPen(ink());
   const Qt::Alignment across = isCheckable() || glyph_ != Glyph::None ? Qt::AlignLeft : Qt::AlignHCenter;
-  cut_ = drawFitted(painter, box, across | Qt::AlignVCenter, caption_, captionFont(), big ? 3 : 2);
+  cut_ = drawFitted(painter, box, across | Qt::AlignVCenter, caption_, captionFont(), big ? 4 : 2);
 }
 
 void StateButton::paintEvent(QPaintEvent* /*event*/) {

@@ -21,6 +21,7 @@ class StateButton : public Pressable {
 
   void setCaption(const QString& caption);
   const QString& caption() const { return caption_; }
+  bool captionIsCut() const { return cut_; }  // as last drawn; the tooltip tells it whole
   void setGlyph(Glyph glyph);
   void setLamp(Zone lit);  // colour of the lamp of a two-state button while it is on
 
@@ -44,7 +45,7 @@ class StateButton : public Pressable {
   QString caption_;
   Glyph glyph_ = Glyph::None;
   Zone lit_ = Zone::Empty;
-  bool cut_ = false;  // the caption did not fit when last drawn
+  bool cut_ = false;
 };
 
 }  // namespace zephon

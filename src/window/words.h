@@ -109,7 +109,7 @@ inline const QString kHold = QStringLiteral("Hold");
 inline const QString kStart = QStringLiteral("Start");
 inline const QString kStartTitle = QStringLiteral("Connect to a power conditioner");
 inline const QString kStartPort =
-    QStringLiteral("Plug in the cable. Press Port to choose the COM port that it got, or to search for it.");
+    QStringLiteral("Plug in the cable. Press Port to choose the COM port that it got.");
 inline const QString kStartPage =
     QStringLiteral("Press Measure, or another page. The connection is made and the model found by itself.");
 inline const QString kStartData =

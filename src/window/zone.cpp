@@ -9,6 +9,7 @@
 namespace zephon {
 
 Zone zoneOf(Colour pointer) {
+  if (pointer == kUnjudged) return Zone::Empty;
   if (pointer == kYellow) return Zone::Caution;
   return pointer == kRed ? Zone::Alarm : Zone::Good;
 }

@@ -36,12 +36,12 @@ TEST(Identity, IsReadOnBothLines) {
   EXPECT_EQ(second.commands(), (std::vector<std::string>{"r", "i"}));  // it stores no name
 }
 
-TEST(Identity, AFailedExchangeLeavesNoHalfText) {
+TEST(Identity, AFailedExchangeLeavesWhatWasKnown) {
   Script script;
   script.main.link.firmwareVersion = "1.KD1";
   script.peer.answer("gN", "1K");
   EXPECT_FALSE(getFirmwareVersion(script.main));
-  EXPECT_EQ(script.main.link.firmwareVersion, "");
+  EXPECT_EQ(script.main.link.firmwareVersion, "1.KD1");
   EXPECT_EQ(script.main.exchange.lastFailure, ExchangeFailure::ShortReply);
   EXPECT_FALSE(getChipID(script.main) || getUserID(script.main));
   EXPECT_DOUBLE_EQ(script.nowMs(), 100 + 200 + 800);

@@ -159,6 +159,56 @@ TEST_F(Pages, LeavingAPageInTheMiddleOfAnythingIsNotALostLink) {
   EXPECT_EQ(tool.line.strayCalls(), 0);
 }
 
+// A page pressed while another one is still reading who the device is.
+TEST(Identity, IsWholeWhateverIsPressedMeanwhile) {
+  for (const Line line : {Line::Orvantis, Line::Tessara}) {
+    for (double moment = 0.1; moment < 420; moment *= 1.15) {
+      Tool tool(makeProfile(line, 240));
+      FrameElements& f = tool.main.frame;
+      tool.later(moment, [&] { f.outletsBtn.click(); });
+      tool.press(f.setupBtn);
+      tool.run(5000);
+      const Link& link = tool.main.link;
+      ASSERT_TRUE(link.connected && link.identified) << moment;
+      ASSERT_EQ(link.nominalVolts, 240) << moment;
+      ASSERT_EQ(link.firmwareVersion, tool.device.profile().version()) << moment;
+      ASSERT_FALSE(link.chipID.empty() || link.userID.empty()) << moment;
+      ASSERT_TRUE(tool.dialogs.shown().empty()) << moment;
+    }
+  }
+}
+
+TEST(Closing, LeavesNoDeviceWithHalfAWrite) {
+  for (double moment = 1; moment < 700; moment += 13) {
+    Tool tool;
+    tool.press(tool.main.frame.setupBtn);
+    tool.line.forgetWritten();
+    tool.later(moment, [&] { formUnload(tool.main); });
+    tool.press(moment < 350 ? tool.main.setup.updateLimsBtn : tool.main.setup.setTimeBtn);
+    tool.run(3000);
+    EXPECT_TRUE(tool.main.ending);
+    const auto writes = tool.writes();
+    for (std::size_t i = 0; i < writes.size(); ++i) {
+      const std::size_t values = writes[i] == "s;" ? 7 : writes[i].size() == 2 && writes[i][0] == 's' ? 1 : 0;
+      ASSERT_LT(i + values, writes.size()) << writes[i] << " " << moment;
+      for (std::size_t k = 1; k <= values; ++k)
+        EXPECT_EQ(writes[i + k].size(), 1U) << writes[i] << " " << moment;
+    }
+  }
+}
+
+TEST_F(Pages, WhatWasToBeClearedOnOneDeviceIsNotClearedOnTheNext) {
+  tool.press(f.measBtn);
+  tool.run(50);
+  tool.press(tool.main.measurement.clrCountBtn);
+  EXPECT_TRUE(tool.main.counters.clearCountsRequest);
+  tool.press(f.measBtn);
+  tool.device.clearLog();
+  tool.press(f.measBtn);
+  tool.run(2000);
+  for (const auto& heard : tool.device.heard()) EXPECT_NE(heard.command, "s=");
+}
+
 TEST(Closing, EndsFromTheMiddleOfAnythingWithinASecond) {
   for (double moment = 0.05; moment < 3000; moment *= 1.9) {
     Tool tool(makeProfile(Line::Tessara));

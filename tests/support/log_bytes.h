@@ -87,7 +87,7 @@ inline std::string troubledRecords(std::mt19937& random, std::size_t recordBytes
   for (std::size_t i = 0; i < records; ++i) {
     std::string record(recordBytes, '\0');
     for (char& c : record) c = static_cast<char>(random());
-    const unsigned kind = random() % 8;
+    const auto kind = random() % 8;
     if (kind > 1) {
       const CalendarTime t = calendarFromSeconds(3'600'000'000 + random() % 500'000'000);
       record.replace(datePlace, 6, logDate(t));

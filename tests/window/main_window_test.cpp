@@ -97,13 +97,18 @@ TEST_F(MainWindowTest, APageHasItsShortcut) {
   EXPECT_TRUE(find(main.frame.measBtn)->toolTip().contains("Measurements"));
 }
 
-// A page may scroll down, never sideways, and what it holds is never narrower than it must be.
+// A page may scroll down, never sideways; what it holds is never narrower than it must be, and no caption is
+// cut.
 TEST_F(MainWindowTest, PagesFitTheSmallestScreens) {
+  main.outlets.oOnBtn.setTexts(main.dict[27]);
+  main.outlets.oCycBtn.setTexts(main.dict[29]);
+  main.outlets.oFltBtn.setTexts(main.dict[76]);
   for (const QSize size : {QSize(1366, 768), QSize(1024, 600), QSize(683, 384)}) {
     window.resize(size);
     for (const PageCase& page : kCases) {
       open(page.flag);
       EXPECT_EQ(window.size(), size) << page.name;
+      window.grab();
       for (auto* area : window.findChildren<QScrollArea*>()) {
         if (!area->isVisible()) continue;
         EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << page.name << " at " << size.width();
@@ -111,6 +116,7 @@ TEST_F(MainWindowTest, PagesFitTheSmallestScreens) {
       }
       for (auto* button : window.findChildren<StateButton*>()) {
         if (!button->isVisible()) continue;
+        EXPECT_FALSE(button->captionIsCut()) << button->caption().toStdString() << " at " << size.width();
         EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
         EXPECT_GE(button->height(), button->minimumSizeHint().height()) << button->objectName().toStdString();
       }

@@ -154,6 +154,7 @@ void shoot(const QString& folder, const QString& look, const QSize& size) {
   bare.open(&Pages::outletsOn);
   save(QStringLiteral("fault"));
   main.link.firmwareVersion = "1*14";
+  main.link.nominalVolts = 240;
   bare.open(&Pages::setupOn);
   save(QStringLiteral("setup_tessara"));
   main.data.PavgHistBtn.setVisible(true);

@@ -1,4 +1,6 @@
-#include "shell/link_status.h"
+#include "display/link_status.h"
+
+#include "comm/mod_comm.h"
 
 namespace zephon {
 namespace {
@@ -51,11 +53,21 @@ void showLinkFailure(Main& main, const std::string& error, const std::string& ad
   show(main, error, advice);
 }
 
-void showLinkLost(Main& main, ExchangeFailure why) {
-  for (const LostLine& line : kLostLines) {
-    if (line.why == why) return show(main, line.state, line.advice);
+LostLink lostLink(const Main& main, ExchangeFailure why) {
+  if (why == ExchangeFailure::Closed && main.link.table.lastCommError.code > 0) {
+    LostLink lost;
+    const std::int32_t code = CommGetError(main.link.table, lost.state);
+    lost.advice = main.around.serial.advice("COM" + std::to_string(main.link.commPort), code);
+    return lost;
   }
-  showLinkState(main);
+  for (const LostLine& line : kLostLines) {
+    if (line.why == why) return {line.state, line.advice};
+  }
+  return {"not connected", {}};
+}
+
+void showLinkLost(Main& main, const LostLink& lost) {
+  show(main, lost.state, lost.advice);
 }
 
 }  // namespace zephon

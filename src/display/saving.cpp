@@ -1,0 +1,167 @@
+#include "display/saving.h"
+
+#include "display/file_questions.h"
+#include "files/chart_csv.h"
+#include "files/dat_file.h"
+#include "files/event_csv.h"
+#include "files/history_csv.h"
+#include "platform/paths.h"
+#include "platform/save_file.h"
+#include "protocol/dict_text.h"
+#include "protocol/stay.h"
+#include "text/strings.h"
+
+namespace zephon {
+namespace {
+
+constexpr std::size_t kKeySaveFailed = 47;
+constexpr std::size_t kKeyReplace = 48;
+constexpr std::size_t kKeyExists = 49;
+constexpr std::size_t kKeySave = 189;
+constexpr char kRaw[] = "Raw";
+
+constexpr std::size_t kFewestChartBytes = 130'001;
+constexpr std::size_t kMostEventBytes = 9999;
+constexpr std::size_t kFewestHistoryBytes = 100'001;
+
+// A table that was read from a .csv file has no raw bytes to be told by.
+Saved tableThatStands(const Logs& logs) {
+  if (logs.histData.size() > 1) return Saved::History;
+  return logs.tsData.empty() ? Saved::Nothing : Saved::Events;
+}
+
+Saved byRawBytes(const Logs& logs) {
+  if (logs.rawLogBuffer.empty()) return tableThatStands(logs);
+  if (logs.rawLogBuffer.size() <= kMostEventBytes) return Saved::Events;
+  return logs.rawLogBuffer.size() >= kFewestHistoryBytes ? Saved::History : Saved::Nothing;
+}
+
+// The rows of a live chart end with the one that is being filled.
+std::span<const std::array<double, 9>> finishedRows(const Main& main) {
+  const std::span<const std::array<double, 9>> rows = main.logs.chartData;
+  const bool recording = main.chart.vlnChartBtn.visible() && !rows.empty();
+  return recording ? rows.first(rows.size() - 1) : rows;
+}
+
+CalendarTime presentTime(const Main& main) {
+  return calendarOf(main.around.clock.now().local);
+}
+
+FileStamp stampOf(const Main& main) {
+  const Link& link = main.link;
+  return {presentTime(main), link.userID,       link.firmwareVersion,
+          link.chipID,       link.nominalVolts, link.modelLine};
+}
+
+struct Writer {
+  FileKind kind;
+  bool hasRawForm;
+  std::string (*csv)(const Main&);
+};
+
+std::string eventsAsCsv(const Main& main) {
+  return eventCsv(stampOf(main), main.logs.tsData, main.dict);
+}
+std::string historyAsCsv(const Main& main) {
+  return historyCsv(stampOf(main), main.logs.histData, main.dict);
+}
+std::string liveChartAsCsv(const Main& main) {
+  return chartCsv(stampOf(main), finishedRows(main), FileKind::LiveChart, main.dict);
+}
+std::string internalChartAsCsv(const Main& main) {
+  return chartCsv(stampOf(main), finishedRows(main), FileKind::InternalChart, main.dict);
+}
+
+constexpr Writer kEventWriter{FileKind::Events, true, eventsAsCsv};
+constexpr Writer kHistoryWriter{FileKind::History, true, historyAsCsv};
+constexpr Writer kLiveChartWriter{FileKind::LiveChart, false, liveChartAsCsv};
+constexpr Writer kInternalChartWriter{FileKind::InternalChart, true, internalChartAsCsv};
+
+// The scope and the report of the measurements have no writers yet.
+const Writer* writerOf(Saved what) {
+  switch (what) {
+    case Saved::Events:
+      return &kEventWriter;
+    case Saved::History:
+      return &kHistoryWriter;
+    case Saved::LiveChart:
+      return &kLiveChartWriter;
+    case Saved::InternalChart:
+      return &kInternalChartWriter;
+    case Saved::Nothing:
+    case Saved::Scope:
+    case Saved::Report:
+      break;
+  }
+  return nullptr;
+}
+
+bool wantsRaw(const Main& main, const Writer& writer) {
+  return writer.hasRawForm && main.frame.saveBtn.caption() == kRaw && !main.logs.rawLogBuffer.empty();
+}
+
+std::optional<std::string> askForName(Main& main, const Writer& writer, const FileFilter& filter) {
+  const std::string name = defaultFileName(writer.kind, '.' + filter.extension, main.dict, presentTime(main));
+  return main.around.dialogs.saveFile({firstFolder(main), name, {filter}});
+}
+
+bool mayReplace(Main& main, const std::string& path) {
+  if (!fileExists(path)) return true;
+  return main.around.dialogs.okCancel(dictText(main, kKeyExists) + ' ' + dictText(main, kKeyReplace),
+                                      dictText(main, kKeySave));
+}
+
+void tellFailure(Main& main, const std::string& reason) {
+  main.around.dialogs.message(dictText(main, kKeySaveFailed), reason);
+}
+
+// A log of events is saved as a report under any name that is not a .csv file's.
+bool isReport(const Writer& writer, bool raw, const std::string& path) {
+  return writer.kind == FileKind::Events && !raw && !equalIgnoringCase(lastOf(path, 3), "csv");
+}
+
+void save(Main& main, const Writer& writer) {
+  const Stay stay(main);
+  const bool raw = wantsRaw(main, writer);
+  const auto path = askForName(main, writer, raw ? kDatFilter : kCsvFilter);
+  if (!path || !stay.stands()) return;
+  if (isReport(writer, raw, *path)) {
+    return tellFailure(main, "Reports can't be written yet. Choose a name that ends in .csv.");
+  }
+  if (!mayReplace(main, *path) || !stay.stands()) return;
+  const std::string bytes =
+      raw ? datFile(stampOf(main), writer.kind, main.logs.rawLogBuffer) : writer.csv(main);
+  const SaveResult saved = saveFile(*path, bytes);
+  if (!saved) tellFailure(main, saveErrorText(saved));
+}
+
+void toggleRaw(Main& main) {
+  Button& button = main.frame.saveBtn;
+  const bool raw = button.caption() != kRaw;
+  button.setTexts(raw ? kRaw : "");
+  button.setTooltip(dictText(main, kKeySave) + (raw ? std::string(" ") + kRaw : ""));
+}
+
+}  // namespace
+
+Saved whatToSave(const Main& main) {
+  const Logs& logs = main.logs;
+  if (main.scope.CH1togBtn.visible()) return Saved::Scope;
+  const bool raw = !logs.rawLogBuffer.empty();
+  if (main.chart.vlnChartBtn.visible())
+    return logs.rawLogBuffer.size() < kFewestChartBytes ? Saved::LiveChart : Saved::InternalChart;
+  // A chart memory that is not full has fewer bytes, but stands on its own page.
+  if (logs.shown == ShownLog::Chart) return raw ? Saved::InternalChart : Saved::LiveChart;
+  if (main.data.histDataBtn.visible()) return byRawBytes(logs);
+  if (main.data.tsDataBtn.visible() && main.link.modelLine == 1) return Saved::Events;
+  return main.pages.measuring ? Saved::Report : Saved::Nothing;
+}
+
+void wireSaving(Main& main) {
+  main.frame.saveBtn.onMouseUp = [&main](MouseButton mouse) {
+    if (mouse == MouseButton::Right) return toggleRaw(main);
+    if (const Writer* writer = writerOf(whatToSave(main))) save(main, *writer);
+  };
+}
+
+}  // namespace zephon

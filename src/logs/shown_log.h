@@ -1,0 +1,22 @@
+#pragma once
+
+#include "form/main.h"
+
+namespace zephon {
+
+// The log on the data page, as a tree or as a graph. Both read the tables where they lie, so they are taken
+// away before a table is replaced.
+
+// Takes away what is shown, hides where it stood with everything that belongs to it, and leaves the tables.
+void hideShownLog(Main& main);
+
+// The same, and empties the tables: of all logs there is one at a time.
+void forgetLogs(Main& main);
+
+// The tree of tsData, or an empty one without rows; it can be saved and analysed.
+void showEvents(Main& main);
+
+// The tree of histData with the buttons of its views. An empty log has an empty tree and can be saved.
+void showHistory(Main& main);
+
+}  // namespace zephon

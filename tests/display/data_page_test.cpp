@@ -1,0 +1,159 @@
+#include "display/data_page.h"
+
+#include <gtest/gtest.h>
+
+#include "display/data_world.h"
+
+namespace zephon {
+namespace {
+
+using simulator::FaultKind;
+using simulator::Line;
+using simulator::makeProfile;
+using testing_support::DataWorld;
+
+using Buttons = std::vector<Button*>;
+
+TEST(DataPage, ALogButtonDownloadsWhenItIsPressedAndCanBePressedAgain) {
+  DataWorld world;
+  for (Button* button : Buttons{&world.d.histDataBtn, &world.d.tsDataBtn, &world.d.tsDataBtn}) {
+    world.later(700, [&] {
+      EXPECT_TRUE(world.logButtonsEnabled(false));
+      EXPECT_FALSE(world.d.TreeView1.visible() || world.f.saveBtn.visible() || world.f.expertBtn.visible());
+    });
+    button->click();
+    EXPECT_TRUE(world.logButtonsEnabled(true));
+    EXPECT_FALSE(button->value());
+    EXPECT_TRUE(world.d.TreeView1.visible() && !world.d.TreeView1.empty());
+    EXPECT_TRUE(world.f.saveBtn.visible() && world.f.expertBtn.visible());
+    EXPECT_EQ(world.d.PavgHistBtn.visible(), button == &world.d.histDataBtn);
+  }
+  EXPECT_EQ(world.lost, 0);
+}
+
+TEST(DataPage, TheChartMemoryIsPlottedWithAQuarterOfTheWidthFree) {
+  DataWorld world;
+  world.d.cmDataBtn.click();
+  EXPECT_FALSE(world.d.TreeView1.visible());
+  EXPECT_TRUE(world.graph.visible() && world.f.saveBtn.visible() && world.f.expertBtn.visible());
+  const LogTable<9>& rows = world.main.logs.chartData;
+  ASSERT_EQ(world.graph.plots().size(), 8U);
+  EXPECT_EQ(world.graph.axes().size(), 7U);
+  for (std::size_t i = 0; i < 8; ++i) {
+    const Graph::Plot& plot = world.graph.plots()[i];
+    EXPECT_TRUE(plot.visible && world.graph.axes()[plot.axis].visible) << plot.name;
+    ASSERT_EQ(plot.data->size(), rows.size());
+    EXPECT_EQ(plot.data->x(100), rows[100][0]);
+    EXPECT_EQ(plot.data->y(100), rows[100][i + 1]) << plot.name;
+  }
+  EXPECT_EQ(world.graph.plots()[1].axis, 1U);
+  EXPECT_EQ(world.graph.plots()[5].axis, world.graph.plots()[6].axis) << "power and crest factor";
+  const double width = rows.back()[0] - rows.front()[0];
+  EXPECT_EQ(world.graph.xRange(), std::pair(rows.front()[0], rows.front()[0] + width * 1.25));
+  EXPECT_TRUE(world.graph.plots()[0].annotation.ends_with(" V"));
+  world.graph.dropCursor(0, rows[7][0], rows[7][5], 4, 7);
+  EXPECT_TRUE(world.graph.plots()[4].annotation.ends_with("0 Hz")) << world.graph.plots()[4].annotation;
+}
+
+TEST(DataPage, ALostLinkEndsThePageAndARelievedButtonDoesNot) {
+  for (Button DataElements::*log : {&DataElements::tsDataBtn, &DataElements::cmDataBtn}) {
+    DataWorld world;
+    Button& button = world.d.*log;
+    world.device.addFault({.kind = FaultKind::Cut, .amount = 5000});
+    button.click();
+    EXPECT_EQ(world.lost, 1);
+    EXPECT_TRUE(world.main.exchange.shortfall.find("5000 of ") == 0 || log == &DataElements::cmDataBtn);
+    EXPECT_FALSE(world.main.logs.tsData.size() + world.main.logs.chartData.size());
+  }
+  DataWorld world;
+  world.device.addFault({.kind = FaultKind::Silent, .only = "gE"});
+  world.later(2000, [&] { world.d.tsDataBtn.setValue(false); });
+  world.d.tsDataBtn.click();
+  EXPECT_EQ(world.lost, 0);
+  EXPECT_TRUE(world.logButtonsEnabled(true));
+}
+
+TEST(DataPage, CancellingEndsTheTransferAndLeavesThePage) {
+  for (Button DataElements::*log :
+       {&DataElements::tsDataBtn, &DataElements::histDataBtn, &DataElements::cmDataBtn}) {
+    DataWorld world;
+    Button& button = world.d.*log;
+    EXPECT_FALSE(world.d.cancelDataBtn.visible());
+    EXPECT_EQ(world.d.cancelDataBtn.caption(), "Cancel");
+    world.later(900, [&] { world.d.cancelDataBtn.click(); });
+    button.click();
+    EXPECT_LT(world.nowMs(), 1400);
+    EXPECT_TRUE(world.main.pages.dataPageActive && world.logButtonsEnabled(true));
+    EXPECT_FALSE(world.d.cancelDataBtn.visible() || world.d.TreeView1.visible());
+    // The rest of the log still comes: cancelling the wait for it, then waiting.
+    world.later(100, [&] { world.d.cancelDataBtn.click(); });
+    button.click();
+    button.click();
+    EXPECT_NE(world.main.logs.shown, ShownLog::None);
+    EXPECT_EQ(world.lost, 0);
+    EXPECT_TRUE(world.dialogs.shown().empty());
+  }
+}
+
+TEST(DataPage, ClearingAsksWhichLogAndWaitsForWhatStillComes) {
+  DataWorld world;
+  world.d.clrTsDataBtn.setTooltip("Clear Time Stamped Log");
+  world.dialogs.yes = false;
+  world.d.clrTsDataBtn.click();
+  EXPECT_EQ(world.dialogs.texts().back(), "Clear Time Stamped Log?");
+  EXPECT_TRUE(world.commands().empty());
+  world.dialogs.yes = true;
+  world.later(3000, [&] { world.d.cancelDataBtn.click(); });
+  world.d.histDataBtn.click();
+  world.d.clrHistDataBtn.click();
+  EXPECT_EQ(world.commands().back(), "s@Y");
+  world.d.tsDataBtn.click();
+  EXPECT_TRUE(world.f.saveBtn.visible());
+  world.d.clrTsDataBtn.click();
+  EXPECT_EQ(world.commands().back(), "s>Y");
+  EXPECT_FALSE(world.f.saveBtn.visible() || world.f.expertBtn.visible());
+  EXPECT_TRUE(world.logButtonsEnabled(true));
+  world.device.addFault({.kind = FaultKind::Refuse});
+  world.d.clrTsDataBtn.click();
+  EXPECT_EQ(world.lost, 1);
+  world.dialogs.meanwhile = [&] { world.stay(Page::Setup); };
+  world.stay(Page::Data);
+  layDataPage(world.main, true);
+  world.device.clearLog();
+  world.d.clrTsDataBtn.click();
+  EXPECT_TRUE(world.commands().empty()) << "the page was left before the answer";
+}
+
+TEST(DataPage, ShowsTheLogsOfItsDeviceOrOfFiles) {
+  const struct {
+    Line line;
+    bool connected, memory;
+    std::string shown;
+  } rows[] = {{Line::Orvantis, true, true, "ehc"},
+              {Line::Orvantis, true, false, "eh"},
+              {Line::Tessara, true, false, "e"},
+              {Line::Orvantis, false, false, "ehc"},
+              {Line::Tessara, false, false, "ehc"}};
+  for (const auto& row : rows) {
+    DataWorld world(makeProfile(row.line));
+    world.main.link.connected = row.connected;
+    layDataPage(world.main, row.memory);
+    const std::string shown = std::string(world.d.tsDataBtn.visible() ? "e" : "") +
+                              (world.d.histDataBtn.visible() ? "h" : "") +
+                              (world.d.cmDataBtn.visible() ? "c" : "");
+    EXPECT_EQ(shown, row.shown);
+    EXPECT_EQ(world.d.histDataBtn.caption(), row.connected ? "Historical Log" : "Open Historical Log");
+    EXPECT_EQ(world.d.clrTsDataBtn.enabled(), row.connected);
+  }
+  simulator::Profile none;
+  none.chartMemory = simulator::ChartFitted::None;
+  DataWorld world(none);
+  EXPECT_TRUE(readDataPage(world.main));
+  EXPECT_FALSE(world.d.cmDataBtn.visible());
+  layDataPage(world.main, true);
+  world.device.addFault({.kind = FaultKind::Silent});
+  EXPECT_FALSE(readDataPage(world.main));
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,105 @@
+#include "display/opening.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include "display/data_world.h"
+
+namespace zephon {
+namespace {
+
+using testing_support::DataWorld;
+
+const std::string kHead =
+    "03/05/2024 09:30:00\r\nID: BENCH 7\r\nFirmware Version: 1.KD1\r\nSoftware Version: 4.4\r\n"
+    "Chip ID: 01.A2.FF\r\nVoltage Rating: 240\r\n";
+const std::string kEventHead = kHead + "Time Stamped Log\r\nDate,Time,Event,Magnitude\r\n";
+
+class Opening : public ::testing::Test {
+ protected:
+  Opening() { world.unplug(); }
+  void open(Button& button, const std::string& path) {
+    world.dialogs.forget();
+    world.dialogs.openAnswer = path;
+    button.click();
+  }
+  DataWorld world;
+  Logs& logs = world.main.logs;
+};
+
+TEST_F(Opening, ACancelledQuestionChangesNothing) {
+  open(world.d.tsDataBtn, world.folder.put("a.CSV", kEventHead + "05/31/13,14:02:07,Over Voltage,133\r\n"));
+  ASSERT_EQ(logs.tsData.size(), 1U);
+  world.dialogs.openAnswer.reset();
+  for (Button* button : {&world.d.tsDataBtn, &world.d.histDataBtn, &world.d.cmDataBtn}) {
+    button->click();
+    EXPECT_TRUE(world.d.TreeView1.visible() && !world.d.TreeView1.empty());
+    EXPECT_TRUE(world.f.saveBtn.visible());
+    EXPECT_EQ(logs.tsData.size(), 1U);
+    EXPECT_TRUE(button->enabled() && !button->value());
+  }
+}
+
+TEST_F(Opening, WhatIsNoLogIsRefusedWithItsPlaceAndLeavesNoTable) {
+  const std::string row = "05/31/13,14:02:07,Over Voltage,133\r\n";
+  ::mkfifo((world.folder / "pipe.csv").c_str(), 0600);
+  const struct {
+    Button& button;
+    std::string path, reason;
+  } files[] = {
+      {world.d.tsDataBtn, world.folder.put("1.csv", ""), "line 1: expected "},
+      {world.d.tsDataBtn, world.folder.put("2.csv", kEventHead + row + "nonsense\r\n"), "line 10: expected "},
+      {world.d.tsDataBtn, world.folder.put("3.dat", std::string(7999, ' ')), "byte 7999: expected "},
+      {world.d.histDataBtn, world.folder.put("4.csv", kEventHead + row), "line 7: expected "},
+      {world.d.histDataBtn, world.folder.put("5.dat", std::string(110'601, '\r')), "byte "},
+      {world.d.cmDataBtn, world.folder.put("6.dat", kEventHead), "line 7: expected "},
+      {world.d.cmDataBtn, world.folder / "", "expected a plain file"},
+      {world.d.cmDataBtn, world.folder / "pipe.csv", "expected a plain file"},
+      {world.d.tsDataBtn, world.folder / "missing.csv", "No such file or directory"},
+  };
+  for (const auto& file : files) {
+    open(world.d.tsDataBtn, world.folder.put("good.csv", kEventHead + row));
+    ASSERT_EQ(logs.tsData.size(), 1U);
+    open(file.button, file.path);
+    ASSERT_EQ(world.dialogs.shown().size(), 2U) << file.path;
+    EXPECT_EQ(world.dialogs.texts()[1], world.main.dict[169]);
+    EXPECT_EQ(world.dialogs.shown()[1].detail.find(file.reason), 0U) << world.dialogs.shown()[1].detail;
+    EXPECT_TRUE(world.tablesEmpty()) << file.path;
+    EXPECT_FALSE(world.d.TreeView1.visible() || world.f.saveBtn.visible());
+    EXPECT_TRUE(file.button.enabled() && file.button.caption().starts_with("Open "));
+    EXPECT_EQ(world.lost, 0);
+  }
+}
+
+TEST_F(Opening, EventsOfAnotherLanguageAreToldInOneLine) {
+  open(world.d.tsDataBtn, world.folder.put("de.csv", kEventHead + "05/31/13,14:02:07,Ueberspannung,133\r\n"
+                                                                  "05/31/13,14:02:09,Over Voltage,134\r\n"));
+  EXPECT_EQ(logs.tsData.size(), 2U);
+  ASSERT_EQ(world.dialogs.shown().size(), 2U);
+  EXPECT_EQ(world.dialogs.texts()[1], "1 of 2 events have names of another language.");
+  EXPECT_EQ(world.main.link.userID, "BENCH 7");
+  EXPECT_EQ(world.main.link.nominalVolts, 240);
+}
+
+TEST_F(Opening, AChartOfTheSecondLineIsShownAndSavedWithWhatItHas) {
+  const std::string head =
+      "03/05/2024 09:30:00\r\nID: TessaraPCS\r\nFirmware Version: 2.00\r\nSoftware Version: 4.4\r\n"
+      "Chip ID: 2B.81.E6\r\nVoltage Rating: 120\r\nChart Data\r\nDate,Time,Line Voltage,N-G Voltage\r\n";
+  const std::string rows = "03/05/2024,09:29:50,118,1\r\n03/05/2024,09:30:00,119,0\r\n";
+  open(world.d.cmDataBtn, world.folder.put("chart.csv", head + rows));
+  EXPECT_EQ(world.main.link.modelLine, 1);
+  EXPECT_EQ(world.f.formCaption.caption(), "QLT Zephon Diagnostic Tool:    TessaraPCS");
+  std::string visible;
+  for (const Graph::Plot& plot : world.graph.plots()) visible += plot.visible ? plot.name + ";" : "";
+  EXPECT_EQ(visible, "voltage;neutral-ground;");
+  world.dialogs.saveAnswer = world.folder / "again.csv";
+  world.f.saveBtn.click(MouseButton::Right);
+  world.f.saveBtn.click();
+  EXPECT_EQ(world.dialogs.texts().back().find("Chart Data "), 0U) << "the live chart's writer";
+  EXPECT_TRUE(world.folder.get("again.csv").ends_with(rows));
+  open(world.d.tsDataBtn, world.folder.put("first.csv", kEventHead));
+  EXPECT_EQ(world.main.link.modelLine, 0);
+}
+
+}  // namespace
+}  // namespace zephon

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <ostream>
+
+#include "logs/chart_download.h"
+#include "logs/event_download.h"
+#include "logs/history_download.h"
+#include "logs/log_controls.h"
+#include "support/bench.h"
+
+namespace zephon::testing_support {
+
+// A device with something in all its logs, and the user on the data page.
+class DownloadWorld : public World {
+ public:
+  explicit DownloadWorld(const simulator::Profile& profile = {}, double recordingHours = 20)
+      : World(profile, options(recordingHours)) {
+    stay(Page::Data);
+    for (const LogControls* log : {&kEventControls, &kHistoryControls, &kChartControls}) {
+      (main.data.*log->button).setTexts(main.dict[log->captionKey]);
+      if (log->clear) (main.data.*log->clear).setVisible(true);
+    }
+  }
+
+  static simulator::Options options(double recordingHours) {
+    simulator::Options options;
+    options.pastSeconds = 5 * 86400;
+    options.recordingHours = recordingHours;
+    return options;
+  }
+
+  bool pageButtonsEnabled(bool on) const {
+    const FrameElements& f = main.frame;
+    for (const Button* button :
+         {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn, &f.dataBtn, &f.setupBtn}) {
+      if (button->enabled() != on) return false;
+    }
+    return true;
+  }
+  bool tablesEmpty() const {
+    const Logs& l = main.logs;
+    return l.tsData.empty() && l.histData.empty() && l.chartData.empty() && l.rawLogBuffer.empty() &&
+           l.shown == ShownLog::None;
+  }
+};
+
+// One of the three logs.
+struct LogCase {
+  const char* name;
+  bool (*get)(Main&);
+  const LogControls& controls;
+  const char* command;
+  double seconds;  // what it takes at least, and hardly more
+  friend std::ostream& operator<<(std::ostream& out, const LogCase& log) { return out << log.name; }
+};
+inline constexpr LogCase kLogCases[] = {{"Events", getTSdata, kEventControls, "gE", 1.09},
+                                        {"History", getHistData, kHistoryControls, "gD", 9.9},
+                                        {"Chart", getCMdata, kChartControls, "g`", 15.6}};
+
+}  // namespace zephon::testing_support
