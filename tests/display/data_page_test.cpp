@@ -56,13 +56,12 @@ TEST(DataPage, TheChartMemoryIsPlottedWithAQuarterOfTheWidthFree) {
 }
 
 TEST(DataPage, ALostLinkEndsThePageAndARelievedButtonDoesNot) {
-  for (Button DataElements::*log : {&DataElements::tsDataBtn, &DataElements::cmDataBtn}) {
+  for (const char* command : {"gE", "g`"}) {
     DataWorld world;
-    Button& button = world.d.*log;
-    world.device.addFault({.kind = FaultKind::Cut, .amount = 5000});
-    button.click();
+    world.device.addFault({.kind = FaultKind::Cut, .amount = 5000, .only = command});
+    (command[1] == 'E' ? world.d.tsDataBtn : world.d.cmDataBtn).click();
     EXPECT_EQ(world.lost, 1);
-    EXPECT_TRUE(world.main.exchange.shortfall.find("5000 of ") == 0 || log == &DataElements::cmDataBtn);
+    EXPECT_EQ(world.main.exchange.shortfall.find("5000 of "), 0U);
     EXPECT_FALSE(world.main.logs.tsData.size() + world.main.logs.chartData.size());
   }
   DataWorld world;

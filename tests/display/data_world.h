@@ -19,6 +19,8 @@ class DataWorld : public DownloadWorld {
     wireLogViews(main);
     wireSaving(main);
     layDataPage(main, true);
+    main.link.userID = "ZEPHON SIM";
+    main.link.chipID = "4C.5A.17";
   }
 
   // The user unplugs the device and opens the page again.
