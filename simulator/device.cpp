@@ -11,7 +11,6 @@ constexpr double kLookSeconds = 60.0;
 constexpr double kOverloadSeconds = 10.0;
 constexpr double kGroundFaultVolts = 30.0;
 constexpr std::int64_t kHalfHour = 1800;
-constexpr int kLossesOfABlank = 4;
 
 Site::Place placeOf(const Profile& profile, const Options& options) {
   return {options.seed,
@@ -47,24 +46,6 @@ constexpr std::array<ZoneEvent, 5> kZoneEvents = {{
     {Zone::OverShutdown, Event::OverShutdown},
     {Zone::OverRecord, Event::OverRecord},
 }};
-
-std::optional<ImageEvent> imageEvent(Event event) {
-  switch (event) {
-    case Event::Overload:
-      return std::nullopt;
-    case Event::Outage:
-      return ImageEvent::Outage;
-    case Event::UnderShutdown:
-    case Event::UnderRecord:
-      return ImageEvent::UnderVoltage;
-    case Event::OverRecord:
-    case Event::OverShutdown:
-      return ImageEvent::OverVoltage;
-    case Event::Surge:
-      return ImageEvent::Surge;
-  }
-  return std::nullopt;
-}
 
 }  // namespace
 
@@ -108,7 +89,7 @@ void Device::advanceTo(double seconds) {
 double Device::nextOwnMoment() const {
   double next = (std::floor(now_ / kLookSeconds) + 1.0) * kLookSeconds;
   for (const double moment :
-       {cycleEnd_, rowEnd_, overloadStart_ + kOverloadSeconds, restartAt_, chart.nextSample()}) {
+       {cycleEnd_, overloadStart_ + kOverloadSeconds, restartAt_, writer_.nextMoment()}) {
     if (moment > now_) next = std::min(next, moment);
   }
   return next;
@@ -118,11 +99,7 @@ void Device::step(double seconds) {
   const double from = now_;
   now_ = seconds;
   watchSurges(from);
-  endDueRow();
   look();
-  if (now_ < chart.nextSample()) return;
-  chart.sample(values(), kilowattHours());
-  switches.chartMemory = chart.recording();
 }
 
 void Device::look() {
@@ -131,10 +108,14 @@ void Device::look() {
   watchVoltage(line);
   watchLoad(throughOutlets(line));
   const SiteValues seen = throughOutlets(line);
-  watchSupply(seen);
-  events.see(seen);
-  history.see(now_, seen);
   energy_.setPower(now_, seen.watts);
+  if (firstLine()) writeDown(seen);
+}
+
+void Device::writeDown(const SiteValues& seen) {
+  const bool recorded = chart.recording();
+  writer_.see(now_, clock_, seen, zone_ != Zone::Outage, kilowattHours());
+  if (recorded && !chart.recording()) switches.chartMemory = false;
 }
 
 void Device::watchVoltage(const SiteValues& seen) {
@@ -161,39 +142,6 @@ void Device::recordZone(Zone before, Zone next, const SiteValues& seen) {
   for (const ZoneEvent& row : kZoneEvents) {
     if (row.zone == next) record(row.event, seen);
   }
-}
-
-// The device lives on the line that it watches: without power it neither sums nor samples.
-void Device::watchSupply(const SiteValues& seen) {
-  if (!firstLine()) return;
-  if (zone_ == Zone::Outage) {
-    if (history.running()) losePower(seen);
-    return;
-  }
-  if (!history.running()) beginRow();
-  chart.powerBack(now_, clock());
-}
-
-// The row is cut short. Now and then the power goes in the middle of a write, which leaves a place blank.
-void Device::losePower(const SiteValues& seen) {
-  history.see(now_, seen);
-  history.end(now_);
-  chart.powerLost();
-  if (++powerLosses_ % kLossesOfABlank != 0) return;
-  history.ring().leaveBlank();
-  events.ring().leaveBlank();
-}
-
-// Rows end at the full and half hours of the device's clock.
-void Device::beginRow() {
-  history.begin(now_, clock());
-  rowEnd_ = clock_.momentOf((clock() / kHalfHour + 1) * kHalfHour);
-}
-
-void Device::endDueRow() {
-  if (!history.running() || now_ < rowEnd_) return;
-  history.end(now_);
-  beginRow();
 }
 
 void Device::watchLoad(const SiteValues& seen) {
@@ -314,8 +262,7 @@ void Device::startChart() {
 
 void Device::setClock(std::int64_t unixSeconds) {
   clock_.set(now_, unixSeconds);
-  rowEnd_ = clock_.momentOf((clock() / kHalfHour + 1) * kHalfHour);
-  chart.clockSet(now_, clock());
+  writer_.clockSet(now_, clock_);
 }
 
 void Device::setEnergy(double kilowattHours) {

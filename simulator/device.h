@@ -12,6 +12,7 @@
 #include "simulator/event_log.h"
 #include "simulator/history_log.h"
 #include "simulator/limits.h"
+#include "simulator/log_writer.h"
 #include "simulator/memory_image.h"
 #include "simulator/options.h"
 #include "simulator/profile.h"
@@ -37,6 +38,8 @@ struct Switches {
 class Device {
  public:
   Device(const Profile& profile, const Options& options);
+  Device(const Device&) = delete;
+  Device& operator=(const Device&) = delete;
 
   const Profile& profile() const { return profile_; }
   Site& site() { return site_; }
@@ -98,15 +101,12 @@ class Device {
   void step(double seconds);
   double nextOwnMoment() const;
   void watchVoltage(const SiteValues& seen);
-  void watchSupply(const SiteValues& seen);
+  void writeDown(const SiteValues& seen);
   void watchLoad(const SiteValues& seen);
   void shutForOverload();
   void watchSurges(double from);
   void recordZone(Zone before, Zone next, const SiteValues& seen);
   void record(Event event, const SiteValues& seen);
-  void losePower(const SiteValues& seen);
-  void beginRow();
-  void endDueRow();
   bool firstLine() const { return profile_.line == Line::Orvantis; }
   bool cycling() const { return now_ < cycleEnd_; }
   char letter(const SiteValues& line) const;
@@ -127,12 +127,11 @@ class Device {
   bool overloaded_ = false;
   double overloadStart_ = 0;
   double restartAt_ = kNever;  // somebody switches the outlets on again
-  double rowEnd_ = 0;
-  int powerLosses_ = 0;
 
   std::array<std::uint32_t, kEvents> counts_{};
   double lastEvent_;
 
+  LogWriter writer_{events, history, chart};
   DeviceClock clock_;
   EnergyMeter energy_;
   std::int64_t energySince_ = 0;

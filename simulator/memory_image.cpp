@@ -24,6 +24,24 @@ Span bcdSpan(std::int64_t seconds) {
 
 }  // namespace
 
+std::optional<ImageEvent> imageEvent(Event event) {
+  switch (event) {
+    case Event::Overload:
+      return std::nullopt;
+    case Event::Outage:
+      return ImageEvent::Outage;
+    case Event::UnderShutdown:
+    case Event::UnderRecord:
+      return ImageEvent::UnderVoltage;
+    case Event::OverRecord:
+    case Event::OverShutdown:
+      return ImageEvent::OverVoltage;
+    case Event::Surge:
+      return ImageEvent::Surge;
+  }
+  return std::nullopt;
+}
+
 MemoryImage::MemoryImage(LimitBytes limits) {
   bytes_[254] = limits.record;
   bytes_[255] = limits.shutdown;

@@ -2,14 +2,18 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
+#include "simulator/event.h"
 #include "simulator/limits.h"
 
 namespace zephon::simulator {
 
 // The event classes that a second-line device counts, with the two class bits of their records.
 enum class ImageEvent : int { UnderVoltage = 0, OverVoltage = 1, Outage = 2, Surge = 3 };
+// The class of an event; overloads have none.
+std::optional<ImageEvent> imageEvent(Event event);
 
 // The 256 bytes of memory of a second-line device's controller.
 //   0          not used
