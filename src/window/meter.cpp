@@ -85,19 +85,23 @@ void Meter::setFace(const Face& face) {
   face_ = face;
   showOn(face.on);
   setAccessibleName(face.title);
-  setAccessibleDescription(face.reading + QStringLiteral(", ") + zoneWord(zone()));
+  const QString word = zoneWord(zone());
+  setAccessibleDescription(word.isEmpty() ? face.reading : face.reading + QStringLiteral(", ") + word);
   update();
 }
 
 Zone Meter::zone() const {
   if (!face_.on) return Zone::Off;
-  if (!Reading(face_.reading).any) return Zone::Empty;
+  if (!shows()) return Zone::Empty;
   return face_.stale ? Zone::NotLive : face_.zone;
 }
 
+bool Meter::shows() const {
+  return face_.on && Reading(face_.reading).any;
+}
+
 QColor Meter::ink() const {
-  const Zone now = zone();
-  const bool live = now == Zone::Good || now == Zone::Caution || now == Zone::Alarm;
+  const bool live = shows() && !face_.stale;
   return live ? palette().color(QPalette::Active, QPalette::Text) : tone(Tone::Muted, palette());
 }
 
@@ -131,10 +135,9 @@ void Meter::paintBar(QPainter& painter, const QRectF& bar) const {
   shape.addRoundedRect(bar, 3, 3);
   painter.setPen(Qt::NoPen);
   painter.fillPath(shape, tone(Tone::Track, palette()));
-  const Zone now = zone();
-  if (now == Zone::Off || now == Zone::Empty) return;
+  if (!shows()) return;
 
-  const QColor colour = zoneColour(now, palette());
+  const QColor colour = zoneColour(zone(), palette());
   const bool crossing = face_.axis.minimum < 0 && face_.axis.maximum > 0;
   const double from = crossing ? placeOf(face_.axis, 0, bar) : bar.left();
   const double to = placeOf(face_.axis, face_.value, bar);

@@ -37,6 +37,7 @@ class Meter : public Pressable {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  bool shows() const;  // a reading
   QColor ink() const;
   void paintHead(QPainter& painter, const QRectF& box) const;
   void paintBar(QPainter& painter, const QRectF& bar) const;

@@ -12,6 +12,7 @@ class QPainter;
 namespace zephon {
 
 // What a reading's colour says, so that it is never said by the colour alone.
+// Empty is no reading, or one that nothing judges.
 enum class Zone { Good, Caution, Alarm, NotLive, Off, Empty };
 
 Zone zoneOf(Colour pointer);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "form/main.h"
 #include "platform/memory_line.h"
 #include "platform/virtual_loop.h"
@@ -16,7 +18,7 @@ struct BareMain {
         clock(loop, 1709649000, -300),
         main({loop, line, clock, dialogs, {ZEPHON_RESOURCES, "/nonexistent", "/nonexistent", {}}}) {
     main.link.firmwareVersion = "1.KD1";
-    loadDictionary(main);
+    fault = loadDictionary(main);
   }
 
   // Lays the page out as its button does.
@@ -30,6 +32,7 @@ struct BareMain {
   LoopClock clock;
   FakeDialogs dialogs;
   Main main;
+  std::string fault;  // why there are no texts; empty when there are
 };
 
 }  // namespace zephon::testing_support

@@ -192,7 +192,7 @@ TEST_F(Bindings, AChoiceIsTheUsersOnce) {
   element.setItems({"DE", "EN", "FR"});
   element.setIndex(1);
   EXPECT_EQ(clicks, 1);
-  for (auto* field : window.findChildren<ChoiceField*>("langCombo")) EXPECT_EQ(field->currentText(), "EN");
+  for (auto* field : window.findChildren<QComboBox*>("langCombo")) EXPECT_EQ(field->currentText(), "EN");
   auto* field = find<ChoiceField>(element);
   element.onClick = [&] {
     if (!element.enabled()) return;
@@ -221,7 +221,7 @@ TEST_F(Bindings, AMeterTellsItsZoneInWords) {
        {State{"V", kGreen, false, 1, Zone::Empty}, State{"118.42 V", kGreen, false, 1, Zone::Good},
         State{"103.10 V", kYellow, false, 1, Zone::Caution}, State{"0 V", kRed, false, 1, Zone::Alarm},
         State{"0-3 V", kGreen, false, 1, Zone::Good}, State{"118.42 V", kRed, true, 1, Zone::NotLive},
-        State{"V", kRed, false, 0, Zone::Off}}) {
+        State{"6.2 V", kUnjudged, false, 1, Zone::Empty}, State{"V", kRed, false, 0, Zone::Off}}) {
     page.VlnLbl.setCaption(state.caption);
     page.VlnLbl.setStale(state.stale);
     page.VlnSlide.setPointerColour(0, state.colour);

@@ -37,9 +37,9 @@ class MainWindowTest : public testing_support::WindowTest {
   // Whatever the keyboard can reach on the page that is open.
   std::set<QWidget*> reachable() {
     std::set<QWidget*> found;
-    for (auto* widget : window.findChildren<QWidget*>()) {
+    for (auto* widget : shown<QWidget>()) {
       const bool byTab = (widget->focusPolicy() & Qt::TabFocus) != 0;
-      if (byTab && widget->isVisible() && widget->isEnabled() && !widget->focusProxy()) found.insert(widget);
+      if (byTab && widget->isEnabled() && !widget->focusProxy()) found.insert(widget);
     }
     return found;
   }
@@ -100,22 +100,20 @@ TEST_F(MainWindowTest, APageHasItsShortcut) {
 // A page may scroll down, never sideways; what it holds is never narrower than it must be, and no caption is
 // cut.
 TEST_F(MainWindowTest, PagesFitTheSmallestScreens) {
-  main.outlets.oOnBtn.setTexts(main.dict[27]);
-  main.outlets.oCycBtn.setTexts(main.dict[29]);
-  main.outlets.oFltBtn.setTexts(main.dict[76]);
+  main.outlets.oOnBtn.setTexts(main.dict.at(27));
+  main.outlets.oCycBtn.setTexts(main.dict.at(29));
+  main.outlets.oFltBtn.setTexts(main.dict.at(76));
   for (const QSize size : {QSize(1366, 768), QSize(1024, 600), QSize(683, 384)}) {
     window.resize(size);
     for (const PageCase& page : kCases) {
       open(page.flag);
       EXPECT_EQ(window.size(), size) << page.name;
       window.grab();
-      for (auto* area : window.findChildren<QScrollArea*>()) {
-        if (!area->isVisible()) continue;
+      for (auto* area : shown<QScrollArea>()) {
         EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0) << page.name << " at " << size.width();
         EXPECT_GE(area->viewport()->width(), area->widget()->minimumSizeHint().width()) << page.name;
       }
-      for (auto* button : window.findChildren<StateButton*>()) {
-        if (!button->isVisible()) continue;
+      for (auto* button : shown<StateButton>()) {
         EXPECT_FALSE(button->captionIsCut()) << button->caption().toStdString() << " at " << size.width();
         EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
         EXPECT_GE(button->height(), button->minimumSizeHint().height()) << button->objectName().toStdString();

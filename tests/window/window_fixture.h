@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QTest>
+#include <vector>
 
 #include "window/bare_main.h"
 #include "window/main_window.h"
@@ -14,6 +15,7 @@ namespace zephon::testing_support {
 class WindowTest : public testing::Test {
  protected:
   WindowTest() {
+    EXPECT_EQ(bare.fault, "");
     window.resize(1024, 600);
     window.show();
     window.activateWindow();
@@ -27,9 +29,19 @@ class WindowTest : public testing::Test {
     bare.open(page);
     settle();
   }
+  // Our widgets have no meta objects of their own, so Qt can't tell them apart.
+  template <class Widget>
+  std::vector<Widget*> shown() {
+    std::vector<Widget*> found;
+    for (auto* widget : window.findChildren<QWidget*>()) {
+      auto* wanted = dynamic_cast<Widget*>(widget);
+      if (wanted && wanted->isVisible()) found.push_back(wanted);
+    }
+    return found;
+  }
   template <class Widget = QWidget>
   Widget* find(const Element& element) {
-    auto* found = window.findChild<Widget*>(QString::fromStdString(element.name()));
+    auto* found = dynamic_cast<Widget*>(window.findChild<QWidget*>(QString::fromStdString(element.name())));
     EXPECT_NE(found, nullptr) << element.name();
     return found;
   }
