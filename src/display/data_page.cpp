@@ -126,7 +126,12 @@ void layDataPage(Main& main, bool chartMemory) {
 }
 
 bool readDataPage(Main& main) {
-  return !main.link.connected || !main.data.cmDataBtn.visible() || getInternalChartState(main);
+  if (!main.link.connected || !main.data.cmDataBtn.visible()) return true;
+  const Stay stay(main);
+  enableLogButtons(main, false);
+  const bool good = getInternalChartState(main);
+  if (stay.stands()) enableLogButtons(main, true);
+  return good;
 }
 
 void clearDataPage(Main& main) {

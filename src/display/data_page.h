@@ -15,8 +15,8 @@ void wireDataPage(Main& main, const PageExits& exits);
 // whether the firmware has one.
 void layDataPage(Main& main, bool chartMemory);
 
-// The page's first read: a device without its chart memory fitted loses cmDataBtn. False when the exchange
-// failed.
+// The page's first read, with its buttons held: a device without its chart memory fitted loses cmDataBtn.
+// False when the exchange failed.
 bool readDataPage(Main& main);
 
 // Releases and hides everything of the page. What stands in the tables stays.

@@ -130,7 +130,7 @@ bool drainLine(Main& main, const LogControls& controls) {
 
 PageButtonsHeld::PageButtonsHeld(FrameElements& frame) {
   for (Button* button : {&frame.measBtn, &frame.ScopeBtn, &frame.ChartBtn, &frame.outletsBtn, &frame.dataBtn,
-                         &frame.setupBtn}) {
+                         &frame.setupBtn, &frame.helpBtn}) {
     if (!button->enabled()) continue;
     button->setEnabled(false);
     held_.push_back(button);

@@ -49,7 +49,8 @@ bool goesOn(const Main& main, const Stay& stay);
 // meanwhile.
 bool drainLine(Main& main, const LogControls& controls);
 
-// The page buttons can't be pressed for as long as this stands; afterwards those can that could before.
+// The page buttons, and the help, which would keep the loop from its bytes, can't be pressed for as long as
+// this stands; afterwards those can that could before.
 class PageButtonsHeld {
  public:
   explicit PageButtonsHeld(FrameElements& frame);

@@ -112,17 +112,45 @@ class Zephon:
     def run(self, *arguments, **surroundings):
         return finish(self.start(*arguments, **surroundings))
 
+    def export(self, *switches, **surroundings):
+        """An unattended export to a file of its own."""
+        return Export(self.run("/o", self.exported, *switches, **surroundings), self.exported)
+
+    @property
+    def exported(self):
+        return self.folder / "export.csv"
+
 
 class Ended:
     def __init__(self, status, output, errors):
         self.status, self.output, self.errors = status, output, errors
-        lines = output.splitlines()
-        self.link = lines[0] if lines else ""
-        self.readings = dict(line.split("\t") for line in lines if "\t" in line)
-        self.since = next((line.split(": ", 1)[1] for line in lines if "Since: " in line), None)
+
+
+class Export:
+    """What an export has written: its heading, and a table for each section that it has."""
+
+    def __init__(self, ended, path):
+        self.status, self.output, self.errors = ended.status, ended.output, ended.errors
+        self.text = path.read_bytes().decode("cp1252") if path.exists() else ""
+        path.unlink(missing_ok=True)
+        lines = self.text.split("\r\n")
+        self.heading = dict(line.split(": ", 1) for line in lines if ": " in line)
+        self.tables = []
+        for line in lines:
+            if line.startswith("Date,Time,"):
+                self.tables.append((line.split(","), []))
+            elif line.count(",") > 1:
+                self.tables[-1][1].append(line.split(","))
+
+    def section(self, column):
+        """The rows, by column name, of the section that has this column."""
+        for names, rows in self.tables:
+            if column in names:
+                return [dict(zip(names, row)) for row in rows]
+        return []
 
     def number(self, name):
-        return float(self.readings[name].split()[0])
+        return float(self.section(name)[0][name])
 
 
 def finish(process):

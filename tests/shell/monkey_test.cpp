@@ -81,6 +81,7 @@ TEST_P(MonkeyTest, NothingIsAmissAfterTenThousandActions) {
   simulator::Options options;
   options.seed = 7;
   Tool tool(makeProfile(GetParam().line, GetParam().rating), options);
+  tool.dialogs.saveAnswer = tool.dialogs.openAnswer = tool.settings / "saved.csv";
   Monkey monkey(tool, 20240305);
   schedule(tool, monkey, 10'000, GetParam().faults);
   tool.run(4 * 3600 * 1000.0);

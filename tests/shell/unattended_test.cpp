@@ -1,0 +1,151 @@
+#include "shell/unattended.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/export_command.h"
+#include "shell/tool.h"
+
+namespace zephon {
+namespace {
+
+using simulator::Event;
+using simulator::FaultKind;
+using simulator::Line;
+using simulator::makeProfile;
+using testing_support::Tool;
+
+TEST(ExportCommand, IsCutOutOfTheCommandLine) {
+  const struct {
+    const char* line;
+    std::string file;
+    const char* sections;  // a append, m, t, c
+  } rows[] = {
+      {"/o a.csv", "a.csv", "mtc"},
+      {"/o a.csv -m", "a.csv", "m"},
+      {"-t /o a.csv -c", "a.csv", "tc"},
+      {"-a /o a.csv", "a.csv", "amtc"},
+      {"/o my-t -m", "my-t", "m"},
+      {"word /o x -mt-c", "x", "mc"},
+      {"/o a /o b -t", "a", "t"},
+      {"", "", ""},
+      {"-m", "", ""},
+      {"/o", "", ""},
+      {"/o ", "", ""},
+      {"/o  a.csv", "", ""},
+      {"/o a.csv -x", "", ""},
+      {"/oa.csv", "", ""},
+  };
+  for (const auto& row : rows) {
+    const auto command = parseExport(row.line);
+    ASSERT_EQ(command.has_value(), !row.file.empty()) << row.line;
+    if (!command) continue;
+    const std::string sections = std::string(command->append ? "a" : "") +
+                                 (command->measurements ? "m" : "") + (command->events ? "t" : "") +
+                                 (command->counters ? "c" : "");
+    EXPECT_EQ(command->file, row.file) << row.line;
+    EXPECT_EQ(sections, row.sections) << row.line;
+  }
+}
+
+// The program without a window: form loaded with a command line, then the export.
+class Export : public Tool {
+ public:
+  explicit Export(const simulator::Profile& profile = {}) : Tool(profile) {}
+  int run(const std::string& switches) { return runUnattended(main, "/o " + path() + " " + switches); }
+  std::string path() const { return settings / "out.csv"; }
+  std::string file() const { return settings.get("out.csv"); }
+};
+
+const std::string kHeading =
+    "ID: ZEPHON SIM\r\nFirmware Version: 1.KD1\r\nSoftware Version: 4.4\r\nChip ID: 4C.5A.17\r\n"
+    "Voltage Rating: 120\r\n";
+
+TEST(Unattended, WritesWhatIsAskedFor) {
+  Export tool;
+  simulator::Device& device = tool.device.device();
+  tool.device.hold({.volts = 118.5, .amps = 3, .neutralGroundVolts = 0.75});
+  device.setCount(Event::Surge, 7);
+  device.setCount(Event::Overload, 2);
+  ASSERT_EQ(tool.run("-m -c"), 0);
+  EXPECT_EQ(tool.file(),
+            "03/05/2024 09:30:00\r\n" + kHeading +
+                "Date,Time,Line Voltage,Load Current,Load Power,N-G Voltage,Frequency,Power Factor,"
+                "Crest Factor,Energy Usage\r\n"
+                "03/05/24,09:30:00,118.50,3.0000,324.0,0.750,59.94,0.914,1.404,0.0000\r\n"
+                "Disturbance Counters\r\n"
+                "Date,Time,Surge,Over Voltage Shutdown,Over Voltage,Under Voltage,Under Voltage Shutdown,"
+                "Power Outage,Overload\r\n"
+                "03/05/24,09:30:00,7,0,0,0,0,0,2\r\n");
+  EXPECT_TRUE(tool.dialogs.shown().empty());
+  EXPECT_TRUE(tool.idle());
+}
+
+TEST(Unattended, AppendsWithoutAnyHeading) {
+  Export tool;
+  tool.device.device().events.ring().write("\x04\x24\x05\x03\x30\x29\x14\x5a");
+  ASSERT_EQ(tool.run("-t -a"), 0);
+  const std::string first = tool.file();
+  const std::string event = "03/05/24,09:29:30,Under Voltage,90\r\n";
+  EXPECT_TRUE(first.ends_with("Time Stamped Log\r\nDate,Time,Event,Magnitude\r\n" + event)) << first;
+  EXPECT_EQ(tool.run("-t -a"), 0);
+  EXPECT_EQ(tool.file(), first + event);
+  tool.settings.put("out.csv", "a line without its end");
+  EXPECT_EQ(tool.run("-c -a"), 0);
+  EXPECT_TRUE(tool.file().starts_with("a line without its end\r\n03/05/24,")) << tool.file();
+  EXPECT_EQ(tool.run("-t"), 0);
+  EXPECT_TRUE(tool.file().starts_with("03/05/2024 "));
+}
+
+TEST(Unattended, TheSecondLineHasWhatItMeasures) {
+  const struct {
+    int rating;
+    const char* firmware;
+    std::string names;
+  } rows[] = {{120, "2.00", "Date,Time,Line Voltage,N-G Voltage\r\n"},
+              {120, "1.99", "Date,Time,Line Voltage\r\n"},
+              {240, "1*14", "Date,Time,Line Voltage\r\n"}};
+  for (const auto& row : rows) {
+    simulator::Profile profile = makeProfile(Line::Tessara, row.rating);
+    profile.firmware = row.firmware;
+    Export tool(profile);
+    ASSERT_EQ(tool.run(""), 0) << row.firmware;
+    EXPECT_NE(tool.file().find("\r\n" + row.names), std::string::npos) << tool.file();
+    EXPECT_NE(tool.file().find("Date,Time,Surge,Over Voltage,Under Voltage,Power Outage\r\n"),
+              std::string::npos);
+    EXPECT_TRUE(tool.file().ends_with("Date,Time,Event,Magnitude\r\n"));
+  }
+}
+
+// The Nth exchange of a whole export fails, one after the other: the old file stands every time.
+TEST(Unattended, EveryFailureHasItsStatusAndKeepsTheOldFile) {
+  Export whole;
+  ASSERT_EQ(whole.run(""), 0);
+  const std::size_t commands = whole.device.heard().size();
+  for (std::size_t n = 0; n < commands; n += 3) {
+    Export tool;
+    tool.settings.put("out.csv", "old");
+    const auto& heard = whole.device.heard()[n].command;
+    tool.device.addFault({.kind = FaultKind::Silent, .only = heard});
+    EXPECT_EQ(tool.run("-a"), 4) << heard;
+    EXPECT_EQ(tool.file(), "old") << heard;
+    EXPECT_EQ(tool.dialogs.texts(), std::vector<std::string>{tool.main.dict[46]}) << heard;
+    EXPECT_TRUE(tool.idle()) << heard;
+  }
+  Export tool;
+  tool.settings.put("out.csv", "old");
+  EXPECT_EQ(runUnattended(tool.main, "-m -x"), 2);
+  EXPECT_EQ(tool.dialogs.texts().back(), kExportUsage);
+  EXPECT_TRUE(tool.device.heard().empty());
+  EXPECT_EQ(runUnattended(tool.main, "-m /o " + tool.settings / "" + "/no/such/folder"), 5);
+  EXPECT_EQ(tool.dialogs.texts().back(), tool.main.dict[47]);
+  EXPECT_EQ(runUnattended(tool.main, "-m -a /o /dev/full"), 5);
+  EXPECT_EQ(runUnattended(tool.main, "-m -a /o " + (tool.settings / "")), 5);
+  tool.line.detach(1);
+  EXPECT_EQ(tool.run(""), 3);
+  EXPECT_TRUE(tool.dialogs.texts().back().starts_with("COM Error: "));
+  EXPECT_EQ(tool.file(), "old");
+  EXPECT_TRUE(tool.idle());
+}
+
+}  // namespace
+}  // namespace zephon
