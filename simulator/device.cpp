@@ -77,19 +77,31 @@ Device::Device(const Profile& profile, const Options& options)
 
 void Device::advanceTo(double seconds) {
   while (now_ < seconds) {
-    const double next = site_.nextChange(now_, nextOwnMoment());
+    const double nextLook = site_.nextChange(now_, nextOwnMoment());
+    const double next = std::min(nextLook, chart.nextSample());
     if (next > seconds) {
       now_ = seconds;
       return;
     }
-    step(next);
+    if (next == nextLook) {
+      step(next);
+    } else {
+      now_ = next;
+    }
+    takeDueSample();
   }
+}
+
+// A sample for the chart is no look at the line: a recording changes neither what is counted nor the rows.
+void Device::takeDueSample() {
+  if (now_ < chart.nextSample()) return;
+  chart.sample(values(), kilowattHours());
+  switches.chartMemory = chart.recording();
 }
 
 double Device::nextOwnMoment() const {
   double next = (std::floor(now_ / kLookSeconds) + 1.0) * kLookSeconds;
-  for (const double moment :
-       {cycleEnd_, overloadStart_ + kOverloadSeconds, restartAt_, writer_.nextMoment()}) {
+  for (const double moment : {cycleEnd_, overloadStart_ + kOverloadSeconds, restartAt_, writer_.endOfRow()}) {
     if (moment > now_) next = std::min(next, moment);
   }
   return next;
@@ -109,13 +121,7 @@ void Device::look() {
   watchLoad(throughOutlets(line));
   const SiteValues seen = throughOutlets(line);
   energy_.setPower(now_, seen.watts);
-  if (firstLine()) writeDown(seen);
-}
-
-void Device::writeDown(const SiteValues& seen) {
-  const bool recorded = chart.recording();
-  writer_.see(now_, clock_, seen, zone_ != Zone::Outage, kilowattHours());
-  if (recorded && !chart.recording()) switches.chartMemory = false;
+  if (firstLine()) writer_.see(now_, clock_, seen, zone_ != Zone::Outage);
 }
 
 void Device::watchVoltage(const SiteValues& seen) {

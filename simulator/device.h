@@ -100,8 +100,8 @@ class Device {
 
   void step(double seconds);
   double nextOwnMoment() const;
+  void takeDueSample();
   void watchVoltage(const SiteValues& seen);
-  void writeDown(const SiteValues& seen);
   void watchLoad(const SiteValues& seen);
   void shutForOverload();
   void watchSurges(double from);

@@ -7,14 +7,13 @@ constexpr std::int64_t kHalfHour = 1800;
 constexpr int kLossesOfABlank = 4;
 
 // Rows end at the full and half hours of the device's clock.
-double endOfRow(double now, const DeviceClock& clock) {
+double rowEndFrom(double now, const DeviceClock& clock) {
   return clock.momentOf((clock.at(now) / kHalfHour + 1) * kHalfHour);
 }
 
 }  // namespace
 
-void LogWriter::see(double now, const DeviceClock& clock, const SiteValues& seen, bool powered,
-                    double kilowattHours) {
+void LogWriter::see(double now, const DeviceClock& clock, const SiteValues& seen, bool powered) {
   if (now >= rowEnd_) {
     history_.end(now);
     beginRow(now, clock);
@@ -26,17 +25,16 @@ void LogWriter::see(double now, const DeviceClock& clock, const SiteValues& seen
   }
   events_.see(seen);
   history_.see(now, seen);
-  if (now >= chart_.nextSample()) chart_.sample(seen, kilowattHours);
 }
 
 void LogWriter::clockSet(double now, const DeviceClock& clock) {
-  if (history_.running()) rowEnd_ = endOfRow(now, clock);
+  if (history_.running()) rowEnd_ = rowEndFrom(now, clock);
   chart_.clockSet(now, clock.at(now));
 }
 
 void LogWriter::beginRow(double now, const DeviceClock& clock) {
   history_.begin(now, clock.at(now));
-  rowEnd_ = endOfRow(now, clock);
+  rowEnd_ = rowEndFrom(now, clock);
 }
 
 // Now and then the power goes in the middle of a write, which leaves a place blank.

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <limits>
 
 #include "simulator/chart_memory.h"
@@ -18,10 +17,10 @@ class LogWriter {
   LogWriter(EventLog& events, HistoryLog& history, ChartMemory& chart)
       : events_(events), history_(history), chart_(chart) {}
 
-  // The next moment at which it wants to see: a row ends or a sample is due.
-  double nextMoment() const { return std::min(rowEnd_, chart_.nextSample()); }
+  // When the row in progress ends and it has to see.
+  double endOfRow() const { return rowEnd_; }
   // From now on the meters show this, with or without power on the line.
-  void see(double now, const DeviceClock& clock, const SiteValues& seen, bool powered, double kilowattHours);
+  void see(double now, const DeviceClock& clock, const SiteValues& seen, bool powered);
   // The clock has been set. The row in progress ends with the next half hour of the new time.
   void clockSet(double now, const DeviceClock& clock);
 
