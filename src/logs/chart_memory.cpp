@@ -1,6 +1,7 @@
 #include "logs/chart_memory.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstring>
@@ -44,17 +45,10 @@ std::int64_t ticksOfSigned(std::string_view field, std::int64_t fullScale, int d
   return -ticksOfField<Bytes>({inverted.data(), Bytes}, fullScale, decimals);
 }
 
-// A number in single precision to four decimals, rounded on its own shortest form.
-std::int64_t fourDecimals(float value) {
-  const double scaled = static_cast<double>(value) * 1e4;
-  const double whole = std::floor(scaled);
-  const double pastMiddle = scaled - whole - 0.5;
-  // The shortest form lies within half a unit of the number's last place.
-  if (std::abs(pastMiddle) > scaled * 0x1p-23)
-    return static_cast<std::int64_t>(whole) + (pastMiddle > 0 ? 1 : 0);
+// The shortest form of a number in single precision, to four decimals.
+std::int64_t fourDecimalsOfText(float value) {
   std::array<char, 64> text{};
-  const auto end =
-      std::to_chars(text.data(), text.data() + text.size() - 6, value, std::chars_format::fixed).ptr;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr;
   const char* point = std::find(text.data(), end, '.');
   std::int64_t ticks = 0;
   std::from_chars(text.data(), point, ticks);
@@ -62,6 +56,28 @@ std::int64_t fourDecimals(float value) {
   for (std::size_t place = 1; place <= 4; ++place)
     ticks = ticks * 10 + (place < decimals.size() ? decimals[place] - '0' : 0);
   return ticks + (decimals.size() > 5 && decimals[5] >= '5' ? 1 : 0);
+}
+
+// The same without the text, for the kilowatt-hours of a chart. The shortest form is the roundest number that
+// lies within half a unit of the last place: while it has four decimals or fewer, it is found by trying.
+// Where two numbers are as good, or one lies on the brink, the text decides.
+std::int64_t fourDecimals(float value) {
+  constexpr double kBrink = 1e-6;
+  const double scaled = static_cast<double>(value) * 1e4;
+  const auto exponent = std::bit_cast<float>(std::bit_cast<std::uint32_t>(value) & 0x7F800000);
+  const double reach = static_cast<double>(exponent) * 0x1p-24 * 1e4;
+  std::int64_t roundest = -1;
+  for (std::int64_t unit = 1; unit <= 10000; unit *= 10) {
+    const auto units = static_cast<double>(unit);
+    const std::int64_t tried = static_cast<std::int64_t>(scaled / units + 0.5) * unit;
+    const double off = std::abs(scaled - static_cast<double>(tried));
+    if (std::abs(off - reach) < kBrink || std::abs(off - units / 2) < kBrink)
+      return fourDecimalsOfText(value);
+    if (off > reach && unit == 1 && off + reach < 0.5) return tried;  // more decimals, but rounding is clear
+    if (off > reach) break;
+    roundest = tried;
+  }
+  return roundest < 0 ? fourDecimalsOfText(value) : roundest;
 }
 
 // The columns behind the time.

@@ -24,14 +24,15 @@ std::vector<double> times(const ChartLog& log) {
 
 TEST(ChartMemory, checksPages) {
   EXPECT_FALSE(chartPage(std::string(32769, 'x')));
-  const auto page = chartPage("02" + std::string(32768, 'x') + "behind");
+  const std::string reply = "02" + std::string(32768, 'x') + "behind";
+  const auto page = chartPage(reply);
   ASSERT_TRUE(page);
   EXPECT_EQ(*page, std::string(32768, 'x'));
   EXPECT_EQ(chartMemoryOf("\xFF"
                           "2"),
             (ChartMemory{4, 0x20001}));
-  for (const char* reply : {"24", "2\xFF", "", "2"})
-    EXPECT_EQ(chartMemoryOf(reply), (ChartMemory{12, 0x60001})) << reply;
+  for (const char* other : {"24", "2\xFF", "", "2"})
+    EXPECT_EQ(chartMemoryOf(other), (ChartMemory{12, 0x60001})) << other;
   EXPECT_TRUE(chartMemoryEnds("x" + std::string(20, '\xFF')));
   EXPECT_FALSE(chartMemoryEnds(std::string(19, '\xFF')));
   EXPECT_FALSE(chartMemoryEnds("x" + std::string(19, '\xFF')));

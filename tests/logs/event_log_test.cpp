@@ -72,8 +72,8 @@ TEST(EventLog, takesTheFirstBlankOut) {
               {kBlank + kBlank, 2, {}}};
   for (const auto& row : rows) {
     std::vector<double> magnitudes;
-    for (const auto& event : *decodeEventFrame(eventFrame(row.data, row.records), 120, {}))
-      magnitudes.push_back(event[7]);
+    const auto events = *decodeEventFrame(eventFrame(row.data, row.records), 120, {});
+    for (const auto& event : events) magnitudes.push_back(event[7]);
     EXPECT_EQ(magnitudes, row.magnitudes) << &row - rows;
   }
 }
