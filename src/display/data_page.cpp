@@ -123,6 +123,7 @@ void layDataPage(Main& main, bool chartMemory) {
   d.cmDataBtn.setVisible(files || chartMemory);
   main.frame.CWGraph2.setVisible(true);
   enableLogButtons(main, true);
+  showLogAgain(main);
 }
 
 bool readDataPage(Main& main) {

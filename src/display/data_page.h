@@ -11,8 +11,8 @@ namespace zephon {
 // Wires the three log buttons, the two clear buttons and cancelDataBtn.
 void wireDataPage(Main& main, const PageExits& exits);
 
-// What the page shows of its log buttons, for the device that is connected or for none. `chartMemory` tells
-// whether the firmware has one.
+// Lays the page out for the device that is connected, or for none. `chartMemory` tells whether the firmware
+// has one. A log that was on the page before, and is this device's, is there again.
 void layDataPage(Main& main, bool chartMemory);
 
 // The page's first read, with its buttons held: a device without its chart memory fitted loses cmDataBtn.

@@ -4,9 +4,9 @@
 #include <span>
 
 #include "display/column_plot.h"
+#include "logs/cursor_text.h"
 #include "logs/history_log.h"
 #include "logs/history_record.h"
-#include "logs/history_series.h"
 #include "protocol/day_serial.h"
 #include "protocol/dict_text.h"
 

@@ -28,6 +28,7 @@ struct Logs {
   // 131072 on.
   std::string rawLogBuffer;
   ShownLog shown = ShownLog::None;
+  std::string chipID;  // of the device whose log of events, or history, stands in the tables
 };
 
 }  // namespace zephon

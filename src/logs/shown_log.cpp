@@ -20,6 +20,8 @@ LegendColours legendOf(const Slider& record) {
 
 void showTree(Main& main, ShownLog log, std::shared_ptr<const TreeSource> source) {
   main.logs.shown = log;
+  main.logs.chipID = main.link.chipID;
+  main.frame.CWGraph2.setVisible(false);
   main.data.TreeView1.setSource(std::move(source));
   main.data.TreeView1.setVisible(true);
   main.frame.saveBtn.setVisible(true);
@@ -48,6 +50,12 @@ void forgetLogs(Main& main) {
   main.logs.tsData = {};
   main.logs.histData = {};
   main.logs.rawLogBuffer = {};
+}
+
+void showLogAgain(Main& main) {
+  if (main.logs.chipID != main.link.chipID) return;
+  if (!main.logs.histData.empty()) return showHistory(main);
+  if (!main.logs.tsData.empty()) showEvents(main);
 }
 
 void showEvents(Main& main) {

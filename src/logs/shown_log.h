@@ -13,6 +13,10 @@ void hideShownLog(Main& main);
 // The same, and empties the tables: of all logs there is one at a time.
 void forgetLogs(Main& main);
 
+// Shows the log of events, or the history, that still stands in its table, unless the device at hand is
+// another one than its own.
+void showLogAgain(Main& main);
+
 // The tree of tsData, or an empty one without rows; it can be saved and analysed.
 void showEvents(Main& main);
 

@@ -12,30 +12,34 @@ using simulator::Line;
 using simulator::makeProfile;
 using testing_support::DataWorld;
 
-using Buttons = std::vector<Button*>;
+using D = DataElements;
 
 TEST(DataPage, ALogButtonDownloadsWhenItIsPressedAndCanBePressedAgain) {
   DataWorld world;
-  for (Button* button : Buttons{&world.d.histDataBtn, &world.d.tsDataBtn, &world.d.tsDataBtn}) {
+  for (Button* button : {&world.d.histDataBtn, &world.d.tsDataBtn, &world.d.tsDataBtn}) {
     world.later(700, [&] {
       EXPECT_TRUE(world.logButtonsEnabled(false));
       EXPECT_FALSE(world.d.TreeView1.visible() || world.f.saveBtn.visible() || world.f.expertBtn.visible());
     });
     button->click();
-    EXPECT_TRUE(world.logButtonsEnabled(true));
-    EXPECT_FALSE(button->value());
+    EXPECT_TRUE(world.logButtonsEnabled(true) && !button->value());
     EXPECT_TRUE(world.d.TreeView1.visible() && !world.d.TreeView1.empty());
     EXPECT_TRUE(world.f.saveBtn.visible() && world.f.expertBtn.visible());
-    EXPECT_EQ(world.d.PavgHistBtn.visible(), button == &world.d.histDataBtn);
   }
-  EXPECT_EQ(world.lost, 0);
+  clearDataPage(world.main);  // left, and opened again on this device and on another
+  EXPECT_TRUE(world.d.TreeView1.empty() && !world.f.saveBtn.visible());
+  layDataPage(world.main, true);
+  EXPECT_TRUE(world.d.TreeView1.visible() && world.f.saveBtn.visible());
+  clearDataPage(world.main);
+  world.main.link.chipID = "01.02.03";
+  layDataPage(world.main, true);
+  EXPECT_FALSE(world.d.TreeView1.visible() || world.f.saveBtn.visible());
 }
 
 TEST(DataPage, TheChartMemoryIsPlottedWithAQuarterOfTheWidthFree) {
   DataWorld world;
   world.d.cmDataBtn.click();
-  EXPECT_FALSE(world.d.TreeView1.visible());
-  EXPECT_TRUE(world.graph.visible() && world.f.saveBtn.visible() && world.f.expertBtn.visible());
+  EXPECT_TRUE(world.graph.visible() && world.f.saveBtn.visible() && !world.d.TreeView1.visible());
   const LogTable<9>& rows = world.main.logs.chartData;
   ASSERT_EQ(world.graph.plots().size(), 8U);
   EXPECT_EQ(world.graph.axes().size(), 7U);
@@ -46,8 +50,6 @@ TEST(DataPage, TheChartMemoryIsPlottedWithAQuarterOfTheWidthFree) {
     EXPECT_EQ(plot.data->x(100), rows[100][0]);
     EXPECT_EQ(plot.data->y(100), rows[100][i + 1]) << plot.name;
   }
-  EXPECT_EQ(world.graph.plots()[1].axis, 1U);
-  EXPECT_EQ(world.graph.plots()[5].axis, world.graph.plots()[6].axis) << "power and crest factor";
   const double width = rows.back()[0] - rows.front()[0];
   EXPECT_EQ(world.graph.xRange(), std::pair(rows.front()[0], rows.front()[0] + width * 1.25));
   EXPECT_TRUE(world.graph.plots()[0].annotation.ends_with(" V"));
@@ -55,42 +57,37 @@ TEST(DataPage, TheChartMemoryIsPlottedWithAQuarterOfTheWidthFree) {
   EXPECT_TRUE(world.graph.plots()[4].annotation.ends_with("0 Hz")) << world.graph.plots()[4].annotation;
 }
 
-TEST(DataPage, ALostLinkEndsThePageAndARelievedButtonDoesNot) {
+TEST(DataPage, ALostLinkEndsThePageAReleasedButtonDoesNot) {
   for (const char* command : {"gE", "g`"}) {
     DataWorld world;
     world.device.addFault({.kind = FaultKind::Cut, .amount = 5000, .only = command});
     (command[1] == 'E' ? world.d.tsDataBtn : world.d.cmDataBtn).click();
     EXPECT_EQ(world.lost, 1);
     EXPECT_EQ(world.main.exchange.shortfall.find("5000 of "), 0U);
-    EXPECT_FALSE(world.main.logs.tsData.size() + world.main.logs.chartData.size());
   }
   DataWorld world;
   world.device.addFault({.kind = FaultKind::Silent, .only = "gE"});
   world.later(2000, [&] { world.d.tsDataBtn.setValue(false); });
   world.d.tsDataBtn.click();
-  EXPECT_EQ(world.lost, 0);
-  EXPECT_TRUE(world.logButtonsEnabled(true));
+  EXPECT_TRUE(world.lost == 0 && world.logButtonsEnabled(true));
 }
 
 TEST(DataPage, CancellingEndsTheTransferAndLeavesThePage) {
-  for (Button DataElements::*log :
-       {&DataElements::tsDataBtn, &DataElements::histDataBtn, &DataElements::cmDataBtn}) {
+  for (Button D::*log : {&D::tsDataBtn, &D::histDataBtn, &D::cmDataBtn}) {
     DataWorld world;
     Button& button = world.d.*log;
-    EXPECT_FALSE(world.d.cancelDataBtn.visible());
     EXPECT_EQ(world.d.cancelDataBtn.caption(), "Cancel");
     world.later(900, [&] { world.d.cancelDataBtn.click(); });
     button.click();
     EXPECT_LT(world.nowMs(), 1400);
     EXPECT_TRUE(world.main.pages.dataPageActive && world.logButtonsEnabled(true));
-    EXPECT_FALSE(world.d.cancelDataBtn.visible() || world.d.TreeView1.visible());
-    // The rest of the log still comes: cancelling the wait for it, then waiting.
+    // The rest of the log still comes: the wait for it is cancelled, then let be.
     world.later(100, [&] { world.d.cancelDataBtn.click(); });
     button.click();
+    EXPECT_EQ(world.main.logs.shown, ShownLog::None);
     button.click();
     EXPECT_NE(world.main.logs.shown, ShownLog::None);
-    EXPECT_EQ(world.lost, 0);
-    EXPECT_TRUE(world.dialogs.shown().empty());
+    EXPECT_TRUE(world.lost == 0 && world.dialogs.shown().empty());
   }
 }
 
@@ -107,20 +104,19 @@ TEST(DataPage, ClearingAsksWhichLogAndWaitsForWhatStillComes) {
   world.d.clrHistDataBtn.click();
   EXPECT_EQ(world.commands().back(), "s@Y");
   world.d.tsDataBtn.click();
-  EXPECT_TRUE(world.f.saveBtn.visible());
   world.d.clrTsDataBtn.click();
   EXPECT_EQ(world.commands().back(), "s>Y");
   EXPECT_FALSE(world.f.saveBtn.visible() || world.f.expertBtn.visible());
   EXPECT_TRUE(world.logButtonsEnabled(true));
-  world.device.addFault({.kind = FaultKind::Refuse});
-  world.d.clrTsDataBtn.click();
-  EXPECT_EQ(world.lost, 1);
-  world.dialogs.meanwhile = [&] { world.stay(Page::Setup); };
-  world.stay(Page::Data);
-  layDataPage(world.main, true);
   world.device.clearLog();
+  world.dialogs.meanwhile = [&] { world.stay(Page::Setup); };
   world.d.clrTsDataBtn.click();
   EXPECT_TRUE(world.commands().empty()) << "the page was left before the answer";
+  world.dialogs.meanwhile = nullptr;
+  world.stay(Page::Data);
+  world.device.addFault({.kind = FaultKind::Refuse});
+  world.d.clrHistDataBtn.click();
+  EXPECT_EQ(world.lost, 1);
 }
 
 TEST(DataPage, ShowsTheLogsOfItsDeviceOrOfFiles) {
@@ -137,9 +133,9 @@ TEST(DataPage, ShowsTheLogsOfItsDeviceOrOfFiles) {
     DataWorld world(makeProfile(row.line));
     world.main.link.connected = row.connected;
     layDataPage(world.main, row.memory);
-    const std::string shown = std::string(world.d.tsDataBtn.visible() ? "e" : "") +
-                              (world.d.histDataBtn.visible() ? "h" : "") +
-                              (world.d.cmDataBtn.visible() ? "c" : "");
+    std::string shown = world.d.tsDataBtn.visible() ? "e" : "";
+    if (world.d.histDataBtn.visible()) shown += 'h';
+    if (world.d.cmDataBtn.visible()) shown += 'c';
     EXPECT_EQ(shown, row.shown);
     EXPECT_EQ(world.d.histDataBtn.caption(), row.connected ? "Historical Log" : "Open Historical Log");
     EXPECT_EQ(world.d.clrTsDataBtn.enabled(), row.connected);

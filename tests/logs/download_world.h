@@ -28,14 +28,10 @@ class DownloadWorld : public World {
     options.recordingHours = recordingHours;
     return options;
   }
-
   bool pageButtonsEnabled(bool on) const {
     const FrameElements& f = main.frame;
-    for (const Button* button :
-         {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn, &f.dataBtn, &f.setupBtn}) {
-      if (button->enabled() != on) return false;
-    }
-    return true;
+    return f.measBtn.enabled() == on && f.ScopeBtn.enabled() == on && f.ChartBtn.enabled() == on &&
+           f.outletsBtn.enabled() == on && f.dataBtn.enabled() == on && f.setupBtn.enabled() == on;
   }
   bool tablesEmpty() const {
     const Logs& l = main.logs;
@@ -50,7 +46,7 @@ struct LogCase {
   bool (*get)(Main&);
   const LogControls& controls;
   const char* command;
-  double seconds;  // what it takes at least, and hardly more
+  double seconds;  // what it takes at the line's pace
   friend std::ostream& operator<<(std::ostream& out, const LogCase& log) { return out << log.name; }
 };
 inline constexpr LogCase kLogCases[] = {{"Events", getTSdata, kEventControls, "gE", 1.09},

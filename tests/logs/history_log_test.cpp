@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "logs/history_series.h"
+#include "logs/cursor_text.h"
 #include "logs/slow_logs.h"
 #include "support/log_bytes.h"
 
@@ -72,26 +72,7 @@ TEST(HistoryLog, agreesWithTheLongWayOnTroubledBytes) {
   }
 }
 
-TEST(HistorySeries, drawsAViewOfEveryColumn) {
-  const LogTable<12> table = {
-      {13, 31, 5, 6, 0, 0, 1, 2, 3, 4, 5, 6}, {13, 31, 5, 12, 0, 0, 10, -20, 30, 40, 50, 60}, {13, 1, 6}};
-  const std::pair<HistoryView, std::array<double, 2>> views[] = {
-      {HistoryView::AveragePower, {1, 10}},    {HistoryView::AverageVoltage, {3, 30}},
-      {HistoryView::PeakPower, {2, -20}},      {HistoryView::LargestVoltage, {4, 40}},
-      {HistoryView::SmallestVoltage, {5, 50}}, {HistoryView::PeakCurrent, {6, 60}}};
-  for (const auto& [view, values] : views) {
-    const HistorySeries series = historySeries(table, view);
-    EXPECT_EQ(series.x, (std::vector<double>{41425.25, 41425.5}));
-    EXPECT_EQ(series.y, (std::vector<double>{values[0], values[1]}));
-    EXPECT_EQ(series.xAxis, (AxisRange{41425.25, 41425.5}));
-    EXPECT_EQ(series.yAxis, (AxisRange{0, 2 * std::max(values[0], values[1])}));
-  }
-  EXPECT_TRUE(historySeries({}, HistoryView::PeakPower).x.empty());
-  EXPECT_EQ(historySeries({{13, 1, 5, 0, 0, 0, 7}, {13, 1, 6}}, HistoryView::AveragePower).yAxis,
-            (AxisRange{0, 14}));
-}
-
-TEST(HistorySeries, readsOffACursor) {
+TEST(CursorText, readsOffDateValueAndUnit) {
   EXPECT_EQ(cursorText(41425.4375, 118.25, 0, CursorPage::Data), "05/31/13 10:30:00  118.250 V");
   EXPECT_EQ(cursorText(41425.4375, 118.25, 3, CursorPage::Chart), "05/31/13 10:30:00  118.25 V");
   EXPECT_EQ(cursorText(41425.4375, 2, 2, CursorPage::Chart, true), "05/31/13 10:30:00  2.0 W");
