@@ -10,7 +10,7 @@ namespace zephon {
 namespace {
 
 constexpr double kSmallest = 0.75;  // of the font's size
-constexpr double kStep = 0.05;
+constexpr int kSteps = 5;           // from the font's own size down to it
 
 // Greedy lines of whole words; a word that is wider than the box stands alone.
 QStringList brokenLines(const QString& text, const QFontMetricsF& metrics, double width) {
@@ -59,8 +59,8 @@ FittedText cutText(const QString& text, const QFont& font, const QSizeF& box, in
 
 FittedText fitText(const QString& text, const QFont& font, const QSizeF& box, int maximumLines) {
   if (text.isEmpty() || box.isEmpty()) return {font, {}, false};
-  for (double factor = 1; factor > kSmallest - kStep / 2; factor -= kStep) {
-    const QFont candidate = sized(font, factor);
+  for (int step = 0; step <= kSteps; ++step) {
+    const QFont candidate = sized(font, 1 - (1 - kSmallest) * step / kSteps);
     const QFontMetricsF metrics(candidate);
     const QStringList lines = brokenLines(text, metrics, box.width());
     if (fits(lines, metrics, box, maximumLines)) return {candidate, lines.join(QLatin1Char('\n')), false};

@@ -49,8 +49,11 @@ MainWindow::MainWindow(Main& main, std::function<void()> closing)
 
   pages_->addWidget(startPanel(main, pages_));
   for (const PageDrawing& page : kPages) pages_->addWidget(page.panel(main, pages_));
-  // The page flags tell nobody of their change, but no page comes or goes without its elements.
-  for (Element* element : main.elements.all()) watchWhile(*this, *element, [this] { showPageSoon(); });
+  // The page flags tell nobody of their change, but no page comes or goes without its elements. By the loop's
+  // next turn the two agree.
+  pageSoon_.setSingleShot(true);
+  connect(&pageSoon_, &QTimer::timeout, this, [this] { showPage(); });
+  for (Element* element : main.elements.all()) watchWhile(*this, *element, [this] { pageSoon_.start(0); });
   showPage();
 
   const auto entitle = [this] { setWindowTitle(toQt(main_.frame.formCaption.caption())); };
@@ -60,15 +63,7 @@ MainWindow::MainWindow(Main& main, std::function<void()> closing)
   resize(1180, 680);
 }
 
-// Once, when the loop turns next: by then the flags and the elements agree.
-void MainWindow::showPageSoon() {
-  if (std::exchange(pageAsked_, true)) return;
-  QMetaObject::invokeMethod(
-      this, [this] { showPage(); }, Qt::QueuedConnection);
-}
-
 void MainWindow::showPage() {
-  pageAsked_ = false;
   const auto* const open = std::find_if(std::begin(kPages), std::end(kPages),
                                         [this](const PageDrawing& page) { return main_.pages.*page.flag; });
   pages_->setCurrentIndex(open == std::end(kPages) ? 0 : static_cast<int>(open - std::begin(kPages)) + 1);

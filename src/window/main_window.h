@@ -1,7 +1,7 @@
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
-#include <array>
 #include <functional>
 
 #include "form/main.h"
@@ -21,13 +21,12 @@ class MainWindow : public QWidget {
   void closeEvent(QCloseEvent* event) override;
 
  private:
-  void showPageSoon();
   void showPage();
 
   Main& main_;
   std::function<void()> closing_;
   QStackedWidget* pages_;
-  bool pageAsked_ = false;
+  QTimer pageSoon_;
   bool closed_ = false;
 };
 
