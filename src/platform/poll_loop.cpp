@@ -14,7 +14,7 @@ Instant PollLoop::now() const {
 }
 
 void PollLoop::runOnce() {
-  serveCalls(now());
+  if (nextCall() != kNever) serveCalls(now());
 }
 
 Woke PollLoop::sleepUntil(Instant deadline, int descriptor) {
@@ -30,9 +30,10 @@ Woke PollLoop::sleepUntil(Instant deadline, int descriptor) {
     span.tv_nsec = static_cast<long>(left.count() % 1'000'000'000);
   }
   const int ready = ::ppoll(&watched, count, until == kNever ? nullptr : &span, nullptr);
-  if (serveCalls(now())) return Woke::Served;
+  const Instant woken = now();
+  if (serveCalls(woken)) return Woke::Served;
   if (ready > 0) return Woke::Readable;
-  return now() >= deadline ? Woke::Deadline : Woke::Served;  // a signal counts as an event
+  return woken >= deadline ? Woke::Deadline : Woke::Served;  // a signal counts as an event
 }
 
 }  // namespace zephon

@@ -26,19 +26,13 @@ struct SignCode {
 };
 constexpr std::array<SignCode, 4> kSignCodes = {{{"36", 0}, {"163", 0}, {"128", 0}, {"122", 238}}};
 
-std::locale openComputerLocale() {
+// The locale that the computer is set to; the classic one when that is unknown or broken.
+std::locale computerLocale() {
   try {
     return std::locale("");
   } catch (const std::exception&) {
     return std::locale::classic();
   }
-}
-
-// The locale that the computer is set to; the classic one when that is unknown or broken. Opened once: that
-// costs the processor more than the rest of a polling pass.
-const std::locale& computerLocale() {
-  static const std::locale locale = openComputerLocale();
-  return locale;
 }
 
 void showEnergy(Main& main, std::string_view since) {
@@ -95,7 +89,8 @@ std::string formattedTwo(const std::locale& locale) {
 }
 
 std::string currencySymbol(Main& main) {
-  const CurrencySign sign = currencySign(formattedTwo(computerLocale()));
+  // Found once: to open a locale costs the processor more than all else that a polling pass does.
+  static const CurrencySign sign = currencySign(formattedTwo(computerLocale()));
   main.measurement.EnCostLbl.setCharacterSet(sign.characterSet);
   return sign.text;
 }
