@@ -73,16 +73,21 @@ Dialogue secondLineCycle() {
   return cycle;
 }
 
-Millis floorOf(const Dialogue& dialogue, int baud) {
+Millis pausesOf(const Dialogue& dialogue) {
+  Millis total{};
+  for (const Step& step : dialogue) total += Millis(step.pauseMs);
+  return total;
+}
+
+Millis exchangesOf(const Dialogue& dialogue, int baud) {
   const double answer = simulator::Options{}.answerMs;
-  double total = 0;
+  Millis total{};
   for (const Step& step : dialogue) {
-    total += step.pauseMs;
     if (!step.command) continue;
     const auto bytes = static_cast<double>(step.command->text.size()) + step.command->replyBytes;
-    total += bytes * kBitsPerByte * 1000 / baud + answer;
+    total += Millis(bytes * kBitsPerByte * 1000 / baud + answer);
   }
-  return Millis(total);
+  return total;
 }
 
 Millis deadFirstLinePass() {

@@ -22,9 +22,11 @@ Dialogue firstLinePass();
 // memory and its outlets too.
 Dialogue secondLineCycle();
 
-// The least that it can take: the bytes at ten bits each, both ways, the pauses, and the time that the
-// device lets pass before each answer.
-Millis floorOf(const Dialogue& dialogue, int baud);
+// How long it pauses.
+Millis pausesOf(const Dialogue& dialogue);
+// The least that its exchanges can take: the bytes at ten bits each, both ways, and the time that the device
+// lets pass before each answer.
+Millis exchangesOf(const Dialogue& dialogue, int baud);
 
 // What a pass takes that meets a line gone silent: it ends with the first query of the first line, and with
 // the last of ten samples of the second.

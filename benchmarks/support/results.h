@@ -14,8 +14,7 @@ struct Ratio {
   double measured;
   double against;  // what it is measured against, in the same unit
   std::string unit;
-  double limit;      // the ratio of the two that is still well
-  double least = 0;  // a ratio under this one says that the measurement itself is wrong
+  double limit;  // the greatest ratio of the two that passes
 };
 
 // The table of a benchmark program: prints every row as it comes.
