@@ -111,22 +111,6 @@ QPainterPath expert() {  // findings ticked off
   return path;
 }
 
-QPainterPath power() {
-  QPainterPath path;
-  path.arcMoveTo(4, 4.5, 16, 16, 60);
-  path.arcTo(4, 4.5, 16, 16, 60, -300);
-  line(path, {{12, 2.5}, {12, 11.5}});
-  return path;
-}
-
-QPainterPath cycle() {
-  QPainterPath path;
-  path.arcMoveTo(4, 4, 16, 16, 40);
-  path.arcTo(4, 4, 16, 16, 40, 290);
-  line(path, {{18.5, 2.5}, {18.2, 7}, {13.8, 6.4}});
-  return path;
-}
-
 QPainterPath lens(bool plus) {
   QPainterPath path;
   path.addEllipse(QPointF(10, 10), 6.5, 6.5);
@@ -166,10 +150,6 @@ QPainterPath pathOf(Glyph glyph) {
       return save();
     case Glyph::Expert:
       return expert();
-    case Glyph::Power:
-      return power();
-    case Glyph::Cycle:
-      return cycle();
     case Glyph::ZoomIn:
       return lens(true);
     case Glyph::ZoomOut:

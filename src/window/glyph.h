@@ -24,8 +24,6 @@ enum class Glyph {
   Down,
   ZoomIn,
   ZoomOut,
-  Power,
-  Cycle,
   Advice
 };
 

@@ -12,7 +12,7 @@ class QWidget;
 namespace zephon {
 
 // The boxes, drawn by Qt over the window. While one is up Qt's loop runs, so timers tick and the line is
-// served. File dialogs start in the folder that was last used in this session.
+// served. File dialogs start in the folder that was used last.
 class QtDialogs : public Dialogs {
  public:
   void setWindow(QWidget* window) { window_ = window; }
@@ -33,7 +33,7 @@ class QtDialogs : public Dialogs {
   std::optional<std::string> runFile(QFileDialog& dialog, const FileQuestion& question);
 
   QPointer<QWidget> window_;
-  QString folder_;  // empty until the first file of the session
+  QString folder_;  // empty until the first file
   bool closed_ = false;
 };
 

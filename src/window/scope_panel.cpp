@@ -44,10 +44,22 @@ QWidget* timeCard(ScopeElements& page, QWidget* parent) {
   return card;
 }
 
+// Both buttons have the same caption; what each watches stands before it.
+void addOneShot(Card& card, Button& button, const QString& watched) {
+  auto* row = new QHBoxLayout;
+  auto* quantity = new QuietLabel(watched, &card);
+  showWhileAny(*quantity, {&button});
+  row->addWidget(quantity, 2);
+  StateButton* drawn = draw(button, words::kOneShot, &card);
+  drawn->setAccessibleDescription(watched);
+  row->addWidget(drawn, 3);
+  card.column()->addLayout(row);
+}
+
 QWidget* triggerCard(ScopeElements& page, QWidget* parent) {
   auto* card = new Card(words::kTrigger, {&page.oneShotVbtn, &page.oneShotAbtn, &page.holdBtn}, parent);
-  card->column()->addWidget(draw(page.oneShotVbtn, words::kOneShotVolts, card));
-  card->column()->addWidget(draw(page.oneShotAbtn, words::kOneShotAmps, card));
+  addOneShot(*card, page.oneShotVbtn, words::kVoltage);
+  addOneShot(*card, page.oneShotAbtn, words::kLoadCurrent);
   card->column()->addWidget(draw(page.holdBtn, words::kHold, card));
   return card;
 }

@@ -25,7 +25,6 @@ inline const QString kMarginal = QStringLiteral("Marginal");
 inline const QString kOutOfRange = QStringLiteral("Out of range");
 inline const QString kNotLive = QStringLiteral("Not live");
 inline const QString kOff = QStringLiteral("Off");
-inline const QString kNoReading = QStringLiteral("no reading");
 inline const QString kPressToTurnOff = QStringLiteral("Press to turn this meter off");
 inline const QString kPressToTurnOn = QStringLiteral("Press to turn this meter on");
 
@@ -101,8 +100,9 @@ inline const QString kMorePerDivision = QStringLiteral("More/Div");
 inline const QString kLessPerDivision = QStringLiteral("Less/Div");
 inline const QString kZoomIn = QStringLiteral("Zoom in");
 inline const QString kZoomOut = QStringLiteral("Zoom out");
-inline const QString kOneShotVolts = QStringLiteral("One Shot V");
-inline const QString kOneShotAmps = QStringLiteral("One Shot A");
+inline const QString kOneShot = QStringLiteral("One Shot");
+inline const QString kVoltage = QStringLiteral("Voltage");
+inline const QString kLoadCurrent = QStringLiteral("Current");
 inline const QString kHold = QStringLiteral("Hold");
 
 // The page that stands when no other does.

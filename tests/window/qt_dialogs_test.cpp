@@ -87,7 +87,7 @@ TEST_F(QtDialogsTest, APromptGivesItsTextOrNothing) {
   EXPECT_EQ(dialogs_.prompt("ID", "New ID", ""), std::nullopt);
 }
 
-TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheSessionItsFolder) {
+TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheNextBoxItsFolder) {
   const QTemporaryDir first;
   const QTemporaryDir second;
   const FileQuestion question{
@@ -106,7 +106,7 @@ TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheSessionItsFolder) 
   QFile file(second.filePath(QStringLiteral("log.csv")));
   ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   answer<QFileDialog>([&](QFileDialog& box) {
-    EXPECT_EQ(box.directory(), QDir(second.path())) << "used last in this session";
+    EXPECT_EQ(box.directory(), QDir(second.path())) << "used last";
     box.reject();
   });
   EXPECT_EQ(dialogs_.openFile(question), std::nullopt);
