@@ -36,6 +36,13 @@ class QtLoopTest : public testing::Test {
     while (loop_.now() < end) loop_.sleepUntil(end);
   }
 
+  // Sleeps on through what is served meanwhile: Qt may have work of its own.
+  Woke sleepUntilMore(Instant end) {
+    Woke woke = Woke::Served;
+    while (woke == Woke::Served) woke = loop_.sleepUntil(end, pipe_[0]);
+    return woke;
+  }
+
   QtLoop loop_;
   std::array<int, 2> pipe_{};
 
@@ -60,26 +67,23 @@ TEST_F(QtLoopTest, ASleepEndsForItsReason) {
     woke = loop_.sleepUntil(start + fromMillis(20));  // Qt may have had work of its own
   EXPECT_EQ(woke, Woke::Deadline);
   EXPECT_GE(loop_.now() - start, fromMillis(20));
-  EXPECT_LT(loop_.now() - start, fromMillis(200));
 
   bool served = false;
   loop_.callAt(in(5), [&] { served = true; });
-  EXPECT_EQ(loop_.sleepUntil(in(5000)), Woke::Served);
-  EXPECT_TRUE(served);
+  while (!served) EXPECT_EQ(loop_.sleepUntil(in(5000)), Woke::Served);
 
   QTimer::singleShot(5, [] {});  // stands for a click: an event that is none of ours
   EXPECT_EQ(loop_.sleepUntil(in(5000)), Woke::Served);
 
   loop_.callAt(in(5), [&] { write(); });
-  while (loop_.sleepUntil(in(5000), pipe_[0]) == Woke::Served) {
-  }
-  EXPECT_EQ(loop_.sleepUntil(in(5000), pipe_[0]), Woke::Readable) << "still unread";
+  EXPECT_EQ(sleepUntilMore(in(5000)), Woke::Readable);
+  EXPECT_EQ(sleepUntilMore(in(5000)), Woke::Readable) << "still unread";
   EXPECT_EQ(loop_.sleepUntil(in(-5)), Woke::Deadline);
 }
 
 TEST_F(QtLoopTest, AHungUpDescriptorCountsAsReadable) {
   ::close(pipe_[1]);
-  EXPECT_EQ(loop_.sleepUntil(in(5000), pipe_[0]), Woke::Readable);
+  EXPECT_EQ(sleepUntilMore(in(5000)), Woke::Readable);
   pipe_[1] = ::dup(pipe_[0]);
 }
 
@@ -123,7 +127,7 @@ TEST_F(QtLoopTest, NestedSleepsMayWatchTheSameDescriptor) {
     write();
     inner = sleepUntilMore(in(1000));
   });
-  EXPECT_EQ(loop_.sleepUntil(in(5000), pipe_[0]), Woke::Served);
+  while (inner == Woke::Served) EXPECT_EQ(loop_.sleepUntil(in(5000), pipe_[0]), Woke::Served);
   EXPECT_EQ(inner, Woke::Readable);
   EXPECT_EQ(sleepUntilMore(in(1000)), Woke::Readable);
   EXPECT_EQ(lastWarning(), "");
