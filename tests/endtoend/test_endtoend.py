@@ -143,7 +143,9 @@ class UnattendedExport(unittest.TestCase):
             self.skipTest(f"no comma locale to be had: {why}")
         with Simulator("--steady", "--past", "3") as device:
             plain = self.read(device)
-            comma = self.read(device, environment={"LC_ALL": "de_DE.UTF-8", "LOCPATH": locales})
+            # The C library never gives back its list of LOCPATH's folders, which a leak check would tell.
+            german_here = {"LC_ALL": "de_DE.UTF-8", "LOCPATH": locales, "ASAN_OPTIONS": "detect_leaks=0"}
+            comma = self.read(device, environment=german_here)
         self.assertEqual(comma.section(VOLTS)[0].keys(), plain.section(VOLTS)[0].keys())
         self.assertAlmostEqual(comma.number("Energy Usage"), plain.number("Energy Usage"), delta=0.01)
 
