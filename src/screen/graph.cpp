@@ -13,6 +13,9 @@ void Graph::setUp(std::vector<Axis> axes, std::vector<Plot> plots, std::vector<C
   axes_ = std::move(axes);
   plots_ = std::move(plots);
   cursors_ = std::move(cursors);
+  marks_.clear();
+  viewPaused_ = false;
+  ++picture_;
   changed();
 }
 
@@ -29,6 +32,7 @@ void Graph::setData(std::size_t plot, std::shared_ptr<const PlotData> data) {
   if (one.data == data) return;
   one.data = std::move(data);
   ++one.revision;
+  viewPaused_ = false;
   changed();
 }
 

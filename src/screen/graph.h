@@ -8,8 +8,9 @@
 
 namespace zephon {
 
-// The points of a plot, read where they lie. The x values never fall. The owner keeps it valid while a plot
-// holds it, and tells the graph when it has changed.
+// The points of a plot, read where they lie. The x values never fall; a y that is no number is a gap in the
+// line. The owner keeps it valid while a plot holds it, and tells the graph when it has grown; the points
+// that stand do not change.
 class PlotData {
  public:
   PlotData() = default;
@@ -70,8 +71,10 @@ class Graph : public Element {
   const std::optional<std::pair<double, double>>& xRange() const { return xRange_; }
   void setXRange(std::optional<std::pair<double, double>> range) { write(xRange_, range); }
 
-  // Sets up the axes, plots and cursors anew; everything that was drawn goes.
+  // Sets up the axes, plots and cursors anew; everything that was drawn goes, and the view begins anew at all
+  // that there is. The count of these tells one picture from the next.
   void setUp(std::vector<Axis> axes, std::vector<Plot> plots, std::vector<Cursor> cursors);
+  std::uint64_t picture() const { return picture_; }
   const std::vector<Axis>& axes() const { return axes_; }
   const std::vector<Plot>& plots() const { return plots_; }
   const std::vector<Cursor>& cursors() const { return cursors_; }
@@ -88,6 +91,15 @@ class Graph : public Element {
   // The plots' data have grown at their ends; nothing else of them has changed. Notifies once.
   void grown() { changed(); }
 
+  // X values that are pointed out across all plots; the first is brought into view.
+  const std::vector<double>& marks() const { return marks_; }
+  void setMarks(std::vector<double> marks) { write(marks_, std::move(marks)); }
+
+  // A view that is paused shows what there was when it was, while the plots go on growing. It ends with the
+  // picture, or with the points that it shows.
+  bool viewPaused() const { return viewPaused_; }
+  void pauseView(bool on) { write(viewPaused_, on); }
+
   // What a user does: lets a cursor go at a place.
   void dropCursor(std::size_t cursor, double x, double y, std::optional<std::size_t> plot,
                   std::optional<std::size_t> index);
@@ -99,6 +111,9 @@ class Graph : public Element {
   std::vector<Axis> axes_;
   std::vector<Plot> plots_;
   std::vector<Cursor> cursors_;
+  std::vector<double> marks_;
+  bool viewPaused_ = false;
+  std::uint64_t picture_ = 0;
 };
 
 }  // namespace zephon
