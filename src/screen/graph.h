@@ -5,9 +5,22 @@
 #include <optional>
 
 #include "screen/element.h"
-#include "screen/plot_data.h"
 
 namespace zephon {
+
+// The points of a plot, read where they lie. The x values never fall; a y that is no number is a gap in the
+// line. The owner keeps it valid while a plot holds it, and tells the graph when it has grown; the points
+// that stand do not change.
+class PlotData {
+ public:
+  PlotData() = default;
+  PlotData(const PlotData&) = delete;
+  PlotData& operator=(const PlotData&) = delete;
+  virtual ~PlotData() = default;
+  virtual std::size_t size() const = 0;
+  virtual double x(std::size_t index) const = 0;
+  virtual double y(std::size_t index) const = 0;
+};
 
 // A graph: plots over one X axis, each on a Y axis of its own or one that it shares, an annotation a plot,
 // and cursors. Widgets draw it; they tell apart by `revision` and size whether a plot was replaced or has
