@@ -18,7 +18,7 @@ std::string chipText(std::string_view reply);
 // that the device's code page lacks become "?".
 std::string nameBytes(std::string_view name);
 
-// Each is one exchange, and false when it failed; the text in Main then is empty.
+// Each is one exchange, and false when it failed; the text in Main then stays as it was.
 bool getFirmwareVersion(Main& main);  // link.firmwareVersion
 bool getChipID(Main& main);           // link.chipID
 
