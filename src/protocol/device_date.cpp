@@ -100,8 +100,11 @@ std::string localTimeString(std::string_view gmtString, UtcOffset offset) {
 std::int16_t dayDifference(std::string_view startString, std::string_view stopString) {
   const std::optional<sysTimeRecord> start = deviceDateFields(startString);
   const std::optional<sysTimeRecord> stop = deviceDateFields(stopString);
-  if (!start || !stop) return 0;
-  return toInt16(dateSerial(*stop) - dateSerial(*start)).value_or(0);
+  return start && stop ? dayDifference(*start, *stop) : std::int16_t{0};
+}
+
+std::int16_t dayDifference(const sysTimeRecord& start, const sysTimeRecord& stop) {
+  return toInt16(dateSerial(stop) - dateSerial(start)).value_or(0);
 }
 
 std::string dateTimeCalc(std::string_view startDT, double numMin) {

@@ -58,6 +58,7 @@ std::string localTimeString(std::string_view gmtString, UtcOffset offset);
 // Whole days between two device date texts, halves to even. 0 when a field or the result does not fit 16
 // bits.
 std::int16_t dayDifference(std::string_view startString, std::string_view stopString);
+std::int16_t dayDifference(const sysTimeRecord& start, const sysTimeRecord& stop);
 
 // A time of day "hh:mm:ss" less at most 30 minutes, as h:m:s without leading zeros. Hour 1 gives way to 24.
 std::string dateTimeCalc(std::string_view startDT, double numMin);

@@ -53,9 +53,13 @@ std::optional<std::int32_t> toInt32(double value) {
   return rounded<std::int32_t>(value);
 }
 
-double numberAtStart(std::string_view text) {
+std::optional<double> leadingNumber(std::string_view text) {
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  return takeNumber(text).value_or(0);
+  return takeNumber(text);
+}
+
+double numberAtStart(std::string_view text) {
+  return leadingNumber(text).value_or(0);
 }
 
 std::optional<int> wholeNumber(std::string_view text) {

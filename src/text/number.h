@@ -15,6 +15,9 @@ std::optional<std::int32_t> toInt32(double value);
 // ("12V" is 12, "1.5e2x" is 150). 0 when the text does not start with one, or with one that no double holds.
 double numberAtStart(std::string_view text);
 
+// The same, but nothing where there is no such number.
+std::optional<double> leadingNumber(std::string_view text);
+
 // The text as one whole number of decimal digits, blanks around it skipped, optional sign. Nothing for
 // anything else, and for more than nine digits.
 std::optional<int> wholeNumber(std::string_view text);

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "expert/rules.h"
+
+namespace zephon {
+
+// The questions of which rules are made. Rows that are counted are those below U.
+
+// What a cell is held against: a number, or so many times the assumed line voltage, the mean of the cell's
+// column below U, or the mean of the column's smoothed series.
+struct Limit {
+  enum class Of { Number, Line, Mean, SmoothedMean };
+  double value;
+  Of of = Of::Number;
+};
+constexpr Limit ofLine(double share) {
+  return {share, Limit::Of::Line};
+}
+constexpr Limit ofMean(double share) {
+  return {share, Limit::Of::Mean};
+}
+constexpr Limit ofSmoothedMean(double share) {
+  return {share, Limit::Of::SmoothedMean};
+}
+constexpr Limit number(double value) {
+  return {value, Limit::Of::Number};
+}
+
+// A cell of a row held against a limit.
+struct Test {
+  enum class Relation { Above, AtLeast, Below, AtMost, IsNot };
+  std::size_t column;
+  Relation relation;
+  Limit limit;
+};
+constexpr Test above(std::size_t column, Limit limit) {
+  return {column, Test::Relation::Above, limit};
+}
+constexpr Test atLeast(std::size_t column, Limit limit) {
+  return {column, Test::Relation::AtLeast, limit};
+}
+constexpr Test below(std::size_t column, Limit limit) {
+  return {column, Test::Relation::Below, limit};
+}
+constexpr Test atMost(std::size_t column, Limit limit) {
+  return {column, Test::Relation::AtMost, limit};
+}
+constexpr Test isNot(std::size_t column, Limit limit) {
+  return {column, Test::Relation::IsNot, limit};
+}
+
+// Tests that a row has to pass all of, in their order: a cell is looked at when those before it have passed.
+using Tests = std::vector<Test>;
+
+// The rows that pass. Fails at a cell that is no number, with the rows before it.
+Seen rowsPassing(const Pass& pass, const Tests& tests);
+
+// Any row passes.
+Question any(Tests tests);
+
+// The share of the rows that pass, their count over U - 1, lies above, or below, a limit. Fails without a row
+// to divide by.
+Question shareAbove(double limit, Tests tests);
+Question shareBelow(double limit, Tests tests);
+
+// The rows that pass have two intervals between them, at least. Moments of 0 have none.
+Question recurring(Tests tests);
+// The same, and the intervals have no trend.
+Question steady(Tests tests);
+// The same, and they are more than a hundredth of U - 1.
+Question steadyAndFrequent(Tests tests);
+
+// The trend of a column.
+Question rising(std::size_t column);
+Question falling(std::size_t column);
+
+// The mean of a column lies above a limit.
+Question meanAbove(double limit, std::size_t column);
+
+// Peaks of a column of the history come at the same times on many days; `opening` and the times become the
+// text of a slot.
+Question atRegularTimes(std::size_t column, int slot, std::string opening);
+
+// Both hold: the answer is the second one's, which is asked only when the first holds.
+Question both(Question first, Question second);
+
+// The mean of a column below U; nothing without rows there or when it is no number.
+std::optional<double> columnMean(const LogView& log, std::size_t column);
+
+}  // namespace zephon
