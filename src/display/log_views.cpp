@@ -4,6 +4,7 @@
 #include <span>
 
 #include "display/column_plot.h"
+#include "expert/findings_list.h"
 #include "logs/cursor_text.h"
 #include "logs/history_log.h"
 #include "logs/history_record.h"
@@ -95,6 +96,7 @@ void showView(Main& main, const View& view) {
   }
   main.data.TreeView1.setVisible(false);
   showGraph(main, std::move(axes), std::move(plots));
+  pointOutFinding(main);
 }
 
 bool historyStands(const Main& main) {

@@ -30,6 +30,7 @@ FrameElements::FrameElements(ElementList& list)
       helpBtn(list, "helpBtn"),
       saveBtn(list, "saveBtn", kMomentary),
       expertBtn(list, "expertBtn", kMomentary),
+      findingsList(list, "findingsList"),
       image998(list, "Image998"),
       image999(list, "Image999"),
       adBanner(list, "adBanner"),
@@ -40,7 +41,7 @@ FrameElements::FrameElements(ElementList& list)
       adviceLbl(list, "adviceLbl"),
       COMlbl(list, "COMlbl", "1"),
       EUlbl(list, "EUlbl") {
-  hide(saveBtn, expertBtn, EUlbl, image998, image999, CWGraph2);
+  hide(saveBtn, expertBtn, findingsList, EUlbl, image998, image999, CWGraph2);
 }
 
 MeasurementElements::MeasurementElements(ElementList& list)

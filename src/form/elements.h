@@ -25,6 +25,7 @@ struct FrameElements {
   Button measBtn, ScopeBtn, ChartBtn, outletsBtn, dataBtn, setupBtn, comBtn;
   Button helpBtn;  // shows the help page while it is on
   Button saveBtn, expertBtn;
+  Combo findingsList;  // what the expert analysis found, a line each; the one chosen has its rows picked out
   Image image998, image999;  // badge of the first and of the second model
   Image adBanner;
   Graph CWGraph2;     // the chart, the scope's picture, a log as a graph

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -9,6 +8,7 @@
 #include "form/elements.h"
 #include "form/energy.h"
 #include "form/exchange.h"
+#include "form/findings.h"
 #include "form/limits.h"
 #include "form/link.h"
 #include "form/logs.h"
@@ -58,8 +58,8 @@ struct Main {
   Energy energy;
   Logs logs;
   Config config;
-  std::vector<std::string> dict;             // texts of the language by key
-  std::array<std::string, 56> findingTexts;  // dictionary keys 215 to 270
+  Findings findings;
+  std::vector<std::string> dict;  // texts of the language by key
   Pages pages;
   FormTimers timers;
 

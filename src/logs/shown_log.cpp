@@ -43,6 +43,14 @@ void hideShownLog(Main& main) {
   }
   main.frame.saveBtn.setVisible(false);
   main.frame.expertBtn.setVisible(false);
+  hideFindings(main);
+}
+
+void hideFindings(Main& main) {
+  main.frame.findingsList.setItems({});
+  main.frame.findingsList.setVisible(false);
+  main.data.TreeView1.select({});
+  main.frame.CWGraph2.setMarks({});
 }
 
 void forgetLogs(Main& main) {

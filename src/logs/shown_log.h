@@ -10,7 +10,10 @@ namespace zephon {
 // Takes away what is shown, hides where it stood with everything that belongs to it, and leaves the tables.
 void hideShownLog(Main& main);
 
-// The same, and empties the tables: of all logs there is one at a time.
+// Takes away the list of what was found in a log, and what it has picked out.
+void hideFindings(Main& main);
+
+// Takes away what is shown and empties the tables: of all logs there is one at a time.
 void forgetLogs(Main& main);
 
 // Shows the log of events, or the history, that still stands in its table, unless the device at hand is

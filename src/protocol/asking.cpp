@@ -31,4 +31,10 @@ bool askYesNo(Main& main, const std::string& question) {
   return main.around.dialogs.yesNo(question);
 }
 
+std::optional<std::string> askText(Main& main, const std::string& title, const std::string& text,
+                                   const std::string& answer) {
+  const WatchdogRest rest(main.exchange.Timer1);
+  return main.around.dialogs.prompt(title, text, answer);
+}
+
 }  // namespace zephon

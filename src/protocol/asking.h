@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "form/main.h"
@@ -11,5 +12,8 @@ namespace zephon {
 
 void tell(Main& main, const std::string& text, const std::string& advice = {});
 bool askYesNo(Main& main, const std::string& question);
+// Asks for a text, with the answer that stands at first; nothing when cancelled.
+std::optional<std::string> askText(Main& main, const std::string& title, const std::string& text,
+                                   const std::string& answer);
 
 }  // namespace zephon

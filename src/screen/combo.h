@@ -17,8 +17,9 @@ class Combo : public Element {
     return index_ < 0 ? std::string() : items_.at(static_cast<std::size_t>(index_));
   }
   void setItems(std::vector<std::string> items) {
+    const bool chosen = index_ != -1;
     index_ = -1;
-    write(items_, std::move(items));
+    if (!write(items_, std::move(items)) && chosen) changed();
   }
   void setIndex(int index) {
     if (index < -1 || index >= static_cast<int>(items_.size())) return;

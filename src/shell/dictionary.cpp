@@ -43,8 +43,8 @@ void fillLanguageList(Main& main) {
 
 // The texts of the findings, which the analyses complete with what they find.
 void fillFindingTexts(Main& main) {
-  for (std::size_t i = 0; i < main.findingTexts.size(); ++i)
-    main.findingTexts[i] = main.dict[kFirstFinding + i];
+  for (std::size_t i = 0; i < kFindingSlots; ++i)
+    main.findings.findingTexts[i] = main.dict[kFirstFinding + i];
 }
 
 }  // namespace

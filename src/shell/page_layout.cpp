@@ -3,6 +3,7 @@
 #include <initializer_list>
 
 #include "display/data_page.h"
+#include "logs/shown_log.h"
 #include "shell/firmware_gates.h"
 
 namespace zephon {
@@ -132,6 +133,7 @@ const bool* flagThatIsSet(const Pages& pages) {
 }  // namespace
 
 void pageLayout(Main& main) {
+  hideFindings(main);  // they are of the page that is left
   hideEveryPageBut(main, flagThatIsSet(main.pages));
   main.frame.ScopeBtn.setEnabled(main.link.modelLine == 0);
   const FirmwareGates gates = firmwareGates(main.link);

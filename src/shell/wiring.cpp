@@ -6,6 +6,7 @@
 #include "display/outlets_page.h"
 #include "display/saving.h"
 #include "display/setup_page.h"
+#include "expert/expert_button.h"
 #include "protocol/exchange.h"
 #include "shell/configuration.h"
 #include "shell/connection.h"
@@ -26,6 +27,7 @@ void wireMain(Main& main) {
   wireDataPage(main, exits);
   wireLogViews(main);  // also the graph's cursors
   wireSaving(main);    // saveBtn
+  wireExpert(main);    // expertBtn and findingsList
   main.timers.measurementTimer.onTick = [&main] { pollTick(main); };
   main.com.saveComBtn.onChange = [&main](bool pressed) {
     if (pressed) saveComNumber(main);
@@ -35,9 +37,7 @@ void wireMain(Main& main) {
     if (on) showHelp(main);
   };
   // Nothing answers these yet.
-  for (Button* button : {&main.com.detectComBtn, &main.com.configComBtn, &main.frame.expertBtn}) {
-    button->setEnabled(false);
-  }
+  for (Button* button : {&main.com.detectComBtn, &main.com.configComBtn}) button->setEnabled(false);
 }
 
 }  // namespace zephon

@@ -78,7 +78,7 @@ TEST_F(Languages, AChoiceShowsAtOnceAndIsKept) {
   choose("DE");
   EXPECT_EQ(tool.main.setup.updateLimsBtn.caption(), "Wort 32");
   EXPECT_EQ(tool.main.measurement.Ilbl.tooltip(), "Wort 140 RMS Wort 143");
-  EXPECT_EQ(tool.main.findingTexts[55], "Wort 270");
+  EXPECT_EQ(tool.main.findings.findingTexts[55], "Wort 270");
   EXPECT_EQ(tool.main.com.langCombo.text(), "DE");
   EXPECT_NE(tool.settings.get("config.txt").find("DE\t;Language"), std::string::npos);
   EXPECT_TRUE(tool.dialogs.shown().empty());

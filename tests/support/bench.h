@@ -45,7 +45,7 @@ class Bench {
   Bench() {
     wireWatchdog(main);
     main.dict = englishDictionary();
-    for (std::size_t i = 0; i < main.findingTexts.size(); ++i) main.findingTexts[i] = main.dict[215 + i];
+    for (std::size_t i = 0; i < kFindingSlots; ++i) main.findings.findingTexts[i] = main.dict[215 + i];
   }
   virtual ~Bench() = default;
 
