@@ -18,7 +18,8 @@ need_packages() {
   $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >&2
 }
 
-BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev libgl-dev libqcustomplot-dev"
-RUN_PACKAGES="libqt6widgets6 libqt6printsupport6 libqcustomplot2.1-qt6 qt6-qpa-plugins fonts-dejavu-core"
+BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libqcustomplot-dev"
+RUN_PACKAGES="libqt6widgets6 libqt6printsupport6 libqt6svg6 libqcustomplot2.1-qt6 qt6-qpa-plugins fonts-dejavu-core"
 TEST_PACKAGES="libgtest-dev python3"
-BENCH_PACKAGES="libbenchmark-dev"
+BENCH_PACKAGES="python3 python3-numpy python3-pandas"
+PACKAGE_PACKAGES="dpkg-dev file gzip desktop-file-utils appstream lintian"

@@ -19,7 +19,7 @@ int execute(const std::vector<std::string>& command, const ChildProcess::Environ
   std::vector<char*> words;
   for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
   words.push_back(nullptr);
-  ::execv(words.front(), words.data());
+  ::execvp(words.front(), words.data());
   std::perror(words.front());
   return kCannotRun;
 }

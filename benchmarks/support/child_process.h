@@ -14,7 +14,8 @@ class ChildProcess {
  public:
   using Environment = std::vector<std::pair<std::string, std::string>>;
 
-  // A program and its arguments, with `environment` on top of ours.
+  // A program, by its path or by a name to be found in PATH, and its arguments, with `environment` on top of
+  // ours.
   explicit ChildProcess(const std::vector<std::string>& command, const Environment& environment = {});
   // A copy of this process that runs `work` and ends with its result.
   explicit ChildProcess(const std::function<int()>& work);
