@@ -1,0 +1,133 @@
+// The stories of the simulated sites, downloaded, decoded and analysed: each has the findings that it is
+// about, and a healthy site has none.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "expert/expert_button.h"
+#include "logs/chart_download.h"
+#include "logs/event_download.h"
+#include "logs/history_download.h"
+#include "support/bench.h"
+
+namespace zephon {
+namespace {
+
+using simulator::Story;
+
+struct Place {
+  int rating;
+  double siteVolts;
+};
+
+constexpr double kDays = 30;
+
+class Site : public testing_support::World {
+ public:
+  Site(Story story, const Place& place) : World(profileOf(place), optionsOf(story)) {
+    stay(Page::Data);
+    for (Element* element : {&main.data.tsDataBtn, &main.data.histDataBtn, &main.data.cmDataBtn})
+      element->setVisible(true);
+    wireExpert(main);
+  }
+
+  // Downloads a log and presses the button.
+  std::set<int> found(bool (*get)(Main&)) {
+    EXPECT_TRUE(get(main));
+    main.frame.expertBtn.setVisible(true);
+    main.frame.expertBtn.click();
+    std::set<int> slots;
+    for (std::size_t slot = 0; slot < kFindingSlots; ++slot) {
+      if (main.findings.findingFlags[slot]) slots.insert(static_cast<int>(slot));
+    }
+    return slots;
+  }
+  const RowNumbers& rows(std::size_t slot) const { return main.findings.rows[slot]; }
+
+ private:
+  static simulator::Profile profileOf(const Place& place) {
+    simulator::Profile profile;
+    profile.rating = place.rating;
+    profile.siteVolts = place.siteVolts;
+    return profile;
+  }
+  static simulator::Options optionsOf(Story story) {
+    simulator::Options options;
+    options.site = story;
+    options.pastSeconds = kDays * 86'400;
+    options.recordingHours = 24;
+    return options;
+  }
+};
+
+// Trends of the history come out the other way round: its day means are mirrored, and the device's memory
+// begins with the oldest row.
+const struct {
+  Story story;
+  Place place;
+  const char* answer;  // to the question for the line voltage; empty for the one that is offered
+  std::set<int> events, history, chart;
+} kStories[] = {
+    {Story::Healthy, {120, 0}, "", {}, {}, {}},
+    {Story::Healthy, {240, 0}, "", {}, {}, {}},
+    {Story::Healthy, {240, 208}, "", {}, {32, 54}, {}},  // below 95 % of the rating all day
+    {Story::Healthy, {240, 230}, "", {}, {32, 54}, {}},  // now and then
+    {Story::SaggingFeeder, {120, 0}, "", {15, 23}, {12, 13, 14, 17, 18, 22, 32, 33, 35, 54}, {32}},
+    {Story::SaggingFeeder,
+     {240, 230},
+     "",
+     {15, 23},
+     {12, 13, 14, 17, 18, 22, 32, 33, 35, 54},
+     {11, 12, 13, 32}},
+    {Story::SaggingFeeder, {240, 230}, "230", {15, 23}, {12, 13, 14, 17, 18, 22, 32, 33, 35, 54}, {32}},
+    {Story::OverloadedCircuit,
+     {120, 0},
+     "",
+     {0, 1, 2, 3, 12, 13, 16, 17, 24},
+     {3, 5, 9, 14, 18, 29, 37},
+     {3, 29, 38, 39}},
+    {Story::SquareWaveUps, {120, 0}, "", {}, {}, {17, 47, 48}},
+    {Story::GrowingLoad, {120, 0}, "", {}, {5, 9, 14, 18, 37, 53}, {39}},
+    {Story::GrowingLoad, {240, 0}, "", {}, {5, 9, 14, 18, 37, 53}, {39}},
+};
+
+TEST(Stories, HaveTheFindingsThatTheyAreAbout) {
+  for (const auto& one : kStories) {
+    Site site(one.story, one.place);
+    if (*one.answer != '\0') site.dialogs.promptAnswer = one.answer;
+    const std::string name = std::string(simulator::mannerOf(one.story).name) + ' ' + one.answer;
+    EXPECT_EQ(site.found(getTSdata), one.events) << name;
+    EXPECT_EQ(site.found(getHistData), one.history) << name;
+    EXPECT_EQ(site.found(getCMdata), one.chart) << name;
+  }
+}
+
+TEST(Stories, TellTheRowsAndTheTimesOfWhatWasSeen) {
+  Site circuit(Story::OverloadedCircuit, {120, 0});
+  circuit.found(getHistData);
+  const auto& history = circuit.main.logs.histData;
+  RowNumbers heavy;
+  for (std::size_t row = 0; row < history.size(); ++row) {
+    if (history[row][11] > 30) heavy.push_back(row);
+  }
+  EXPECT_GT(heavy.size(), 99u);
+  EXPECT_EQ(circuit.rows(29), heavy);
+
+  Site load(Story::GrowingLoad, {120, 0});
+  load.found(getHistData);
+  EXPECT_EQ(load.main.findings.findingTexts[53],
+            "Power usage peaks occur regularly on most days around 15:00, 23:00, and 07:00.");
+  EXPECT_EQ(load.main.findings.dateRange, "03/05/2024 To 02/04/2024");
+
+  Site ups(Story::SquareWaveUps, {120, 0});
+  ups.found(getCMdata);
+  EXPECT_EQ(ups.main.findings.findingTexts[47],
+            "Equipment was probably powered by a UPS with square wave output 16.67% of the data acquisition "
+            "period.");
+  for (const std::size_t row : ups.rows(47)) EXPECT_NEAR(ups.main.logs.chartData[row][7], 1, 0.04);
+}
+
+}  // namespace
+}  // namespace zephon
