@@ -18,25 +18,24 @@ std::optional<double> momentOf(const LogView& chart, std::size_t row) {
 }
 
 const Tests kHighVolts = {above(kVolts, ofLine(1.05))};
-const Tests kOutage = {below(kVolts, number(40))};
-const Tests kLowOutage = {below(kVolts, number(40)), below(kVolts, ofLine(0.95))};
+const Tests kOutage = {below(kVolts, 40)};
+const Tests kLowOutage = {below(kVolts, 40), below(kVolts, ofLine(0.95))};
 const Tests kSag = {below(kVolts, ofSmoothedMean(0.95))};
 
-const Tests kHighAmpsGoodVolts = {above(kAmps, number(30)), atLeast(kVolts, ofLine(0.95))};
-const Tests kHighAmpsLowVolts = {above(kAmps, number(30)), below(kVolts, ofLine(0.95))};
-const Tests kSteadyAmps = {above(kAmps, number(2.6))};
-const Tests kModerateAmps = {above(kAmps, number(1.6)), atMost(kAmps, number(2.6))};
+const Tests kHighAmpsGoodVolts = {above(kAmps, 30), atLeast(kVolts, ofLine(0.95))};
+const Tests kHighAmpsLowVolts = {above(kAmps, 30), below(kVolts, ofLine(0.95))};
+const Tests kSteadyAmps = {above(kAmps, 2.6)};
+const Tests kModerateAmps = {above(kAmps, 1.6), atMost(kAmps, 2.6)};
 
-const Tests kHighWattsGoodVolts = {above(kWatts, number(6000)), atLeast(kVolts, ofLine(0.95))};
-const Tests kHighWattsLowVolts = {above(kWatts, number(6000)), below(kVolts, ofLine(0.95))};
-const Tests kSteadyWatts = {above(kWatts, number(300))};
-const Tests kModerateWatts = {above(kWatts, number(200)), atMost(kWatts, number(300))};
+const Tests kHighWattsGoodVolts = {above(kWatts, 6000), atLeast(kVolts, ofLine(0.95))};
+const Tests kHighWattsLowVolts = {above(kWatts, 6000), below(kVolts, ofLine(0.95))};
+const Tests kSteadyWatts = {above(kWatts, 300)};
+const Tests kModerateWatts = {above(kWatts, 200), atMost(kWatts, 300)};
 
-const Tests kHighNeutral = {above(kNeutralVolts, number(5))};
-const Tests kFlatCrest = {below(kCrest, number(1.4))};
-const Tests kSquareCrest = {below(kCrest, number(1.4)), above(kCrest, number(0.96)),
-                            below(kCrest, number(1.04))};
-const Tests kPeakedCrest = {atLeast(kCrest, number(1.4)), above(kCrest, number(1.43))};
+const Tests kHighNeutral = {above(kNeutralVolts, 5)};
+const Tests kFlatCrest = {below(kCrest, 1.4)};
+const Tests kSquareCrest = {below(kCrest, 1.4), above(kCrest, 0.96), below(kCrest, 1.04)};
+const Tests kPeakedCrest = {atLeast(kCrest, 1.4), above(kCrest, 1.43)};
 
 bool isFirstLine(const LoggedDevice& device) {
   return device.modelLine != 1;
@@ -59,12 +58,12 @@ Question seldom(const Tests& tests) {
   return both(any(tests), shareBelow(0.05, tests));
 }
 
-// The line's frequency is more than 1 Hz away from 50 or 60 Hz, whichever its mean is nearer to.
+// The line's frequency is more than 1 Hz away from 50 Hz, if that is near its mean, or from 60 Hz.
 Seen offFrequency(const Pass& pass) {
   const auto mean = columnMean(pass.log, kHertz);
   if (!mean) return {.failed = true};
   const double nominal = *mean > 46 && *mean < 54 ? 50 : 60;
-  Seen seen = rowsPassing(pass, {isNot(kHertz, number(nominal)), above(kVolts, number(0))});
+  Seen seen = rowsPassing(pass, {isNot(kHertz, nominal), above(kVolts, 0)});
   std::erase_if(seen.rows,
                 [&](std::size_t row) { return std::abs(pass.log.at(kHertz, row) - nominal) <= 1; });
   seen.holds = !seen.rows.empty();

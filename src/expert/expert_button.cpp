@@ -19,11 +19,6 @@ constexpr std::size_t kMostEventBytes = 9999;
 constexpr std::size_t kFewestHistoryBytes = 100'001;
 constexpr char kDatePicture[] = "mm/dd/yyyy";
 
-// These stand in every language; what they begin is completed by the analysis of the history.
-constexpr std::size_t kPowerPeaks = 53, kVoltageMinimums = 54;
-constexpr char kPowerPeaksText[] = "Power usage peaks occur regularly on most days around ";
-constexpr char kVoltageMinimumsText[] = "Voltage minimums occur regularly on most days around ";
-
 std::string span(const std::string& from, const std::string& to) {
   return from + " To " + to;
 }
@@ -86,8 +81,8 @@ void clearFindings(Main& main) {
   found.rows.fill({});
   found.log = ShownLog::None;
   found.dateRange.clear();
-  found.findingTexts[kPowerPeaks] = kPowerPeaksText;
-  found.findingTexts[kVoltageMinimums] = kVoltageMinimumsText;
+  for (const TimedText& text : {kPowerPeaks, kVoltageMinimums})
+    found.findingTexts[static_cast<std::size_t>(text.slot)] = text.opening;
 }
 
 void take(Findings& findings, Analysis found) {

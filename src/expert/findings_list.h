@@ -11,7 +11,7 @@ namespace zephon {
 // The findings beside the log. A line that is chosen has the rows behind it picked out, in the tree of the
 // log and in its graph.
 
-// A finding as it is told: "01. Overload events recur at regular intervals."
+// A finding as it is told: "01. Power usage is trending upward. ..."
 struct FindingLine {
   std::optional<std::size_t> slot;  // none of the line that says that there is no finding
   std::string text;

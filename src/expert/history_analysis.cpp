@@ -1,6 +1,5 @@
 #include "expert/history_analysis.h"
 
-#include "expert/questions.h"
 #include "expert/row_date.h"
 #include "expert/trend_statistics.h"
 #include "protocol/day_serial.h"
@@ -18,18 +17,18 @@ std::optional<double> momentOf(const LogView& history, std::size_t row) {
 }
 
 // A record's load, and its lowest voltage at the worst.
-const Tests kHighAmpsGoodVolts = {above(kMaxAmps, number(30)), atLeast(kMinVolts, ofLine(0.95))};
-const Tests kHighAmpsLowVolts = {above(kMaxAmps, number(30)), below(kMinVolts, ofLine(0.95))};
+const Tests kHighAmpsGoodVolts = {above(kMaxAmps, 30), atLeast(kMinVolts, ofLine(0.95))};
+const Tests kHighAmpsLowVolts = {above(kMaxAmps, 30), below(kMinVolts, ofLine(0.95))};
 const Tests kPeakAmpsLowVolts = {above(kMaxAmps, ofMean(2)), below(kMinVolts, ofLine(0.9))};
-const Tests kHighWattsGoodVolts = {above(kMaxWatts, number(6000)), atLeast(kMinVolts, ofLine(0.95))};
-const Tests kHighWattsLowVolts = {above(kMaxWatts, number(6000)), below(kMinVolts, ofLine(0.95))};
+const Tests kHighWattsGoodVolts = {above(kMaxWatts, 6000), atLeast(kMinVolts, ofLine(0.95))};
+const Tests kHighWattsLowVolts = {above(kMaxWatts, 6000), below(kMinVolts, ofLine(0.95))};
 
-const Tests kOutage = {below(kMinVolts, number(40))};
+const Tests kOutage = {below(kMinVolts, 40)};
 const Tests kLowMinimum = {below(kMinVolts, ofLine(0.95))};
 const Tests kHighMaximum = {above(kMaxVolts, ofLine(1.05))};
 const Tests kHighAverage = {above(kAvgVolts, ofLine(1.05))};
 const Tests kLowAverage = {atMost(kAvgVolts, ofLine(1.05)), below(kAvgVolts, ofLine(0.95)),
-                           isNot(kAvgVolts, number(0))};
+                           isNot(kAvgVolts, 0)};
 
 }  // namespace
 
@@ -40,7 +39,7 @@ const std::vector<Rule>& historyRules() {
       {{{rising(kMaxAmps), {30, 4, 31}}, {falling(kMaxAmps), {5, 9, 14}}}},
 
       {{{steadyAndFrequent(kOutage), {19}}}},
-      {{{atRegularTimes(kMinVolts, 54, "Voltage minimums occur regularly on most days around "), {32, 54}}}},
+      {{{atRegularTimes(kMinVolts, kVoltageMinimums), {32, 54}}}},
       {{{rising(kMinVolts), {14, 18}}, {falling(kMinVolts), {16, 17, 13}}}},
       {{{shareAbove(0.05, kLowMinimum), {33, 22, 17, 13}}}},
 
@@ -54,7 +53,7 @@ const std::vector<Rule>& historyRules() {
 
       {{{any(kHighWattsGoodVolts), {3, 29}}, {any(kHighWattsLowVolts), {22, 17, 28}}}},
       {{{rising(kMaxWatts), {30, 4, 31}}, {falling(kMaxWatts), {5, 9, 14}}}},
-      {{{atRegularTimes(kAvgWatts, 53, "Power usage peaks occur regularly on most days around "), {53}}}},
+      {{{atRegularTimes(kAvgWatts, kPowerPeaks), {53}}}},
       {{{rising(kAvgWatts), {36, 30, 4, 31}}, {falling(kAvgWatts), {37, 18, 9}}}},
   };
   return rules;

@@ -190,12 +190,12 @@ Question meanAbove(double limit, std::size_t column) {
   };
 }
 
-Question atRegularTimes(std::size_t column, int slot, std::string opening) {
-  return [column, slot, opening = std::move(opening)](const Pass& pass) {
+Question atRegularTimes(std::size_t column, TimedText text) {
+  return [column, text](const Pass& pass) {
     PeakUsage usage = getPeakUsage(pass.logs, pass.kind, static_cast<int>(column), pass.device.nominalVolts);
     if (usage.times[0].empty()) return Seen{};
     Seen seen = answer(true, std::move(usage.rows));
-    seen.texts[slot] = opening + timeList(usage.times);
+    seen.texts[text.slot] = text.opening + timeList(usage.times);
     return seen;
   };
 }

@@ -10,6 +10,8 @@ namespace zephon {
 // column below U, or the mean of the column's smoothed series.
 struct Limit {
   enum class Of { Number, Line, Mean, SmoothedMean };
+  constexpr Limit(double number) : value(number) {}
+  constexpr Limit(double share, Of what) : value(share), of(what) {}
   double value;
   Of of = Of::Number;
 };
@@ -21,9 +23,6 @@ constexpr Limit ofMean(double share) {
 }
 constexpr Limit ofSmoothedMean(double share) {
   return {share, Limit::Of::SmoothedMean};
-}
-constexpr Limit number(double value) {
-  return {value, Limit::Of::Number};
 }
 
 // A cell of a row held against a limit.
@@ -77,9 +76,13 @@ Question falling(std::size_t column);
 // The mean of a column lies above a limit.
 Question meanAbove(double limit, std::size_t column);
 
-// Peaks of a column of the history come at the same times on many days; `opening` and the times become the
-// text of a slot.
-Question atRegularTimes(std::size_t column, int slot, std::string opening);
+// A slot whose text begins so, whatever the language, and ends in times.
+struct TimedText {
+  int slot;
+  const char* opening;
+};
+// Peaks of a column of the history come at the same times on many days, which complete the text.
+Question atRegularTimes(std::size_t column, TimedText text);
 
 // Both hold: the answer is the second one's, which is asked only when the first holds.
 Question both(Question first, Question second);
