@@ -104,6 +104,14 @@ void putRow(TextBuffer& buffer, const ChartRow& row, Layout layout, SerialTexts&
   buffer.wrote(putText(to, kLineEnd));
 }
 
+std::string csvOf(std::string_view head, Layout layout, std::span<const ChartRow> rows) {
+  TextBuffer buffer(head.size() + kRowRoom + rows.size() * (24 + layout.size() * 8));
+  buffer.add(head);
+  SerialTexts texts;
+  for (const ChartRow& row : rows) putRow(buffer, row, layout, texts);
+  return buffer.take();
+}
+
 // Takes one row; says what it expected.
 std::string_view takeRow(CsvFields& fields, Layout layout, SerialReader& serials, LogTable<9>& table) {
   fields.trimTo(kPlain + layout.size());
@@ -126,15 +134,17 @@ std::string_view takeRow(CsvFields& fields, Layout layout, SerialReader& serials
 
 }  // namespace
 
+std::string chartCsvHead(const FileStamp& stamp, FileKind kind, std::span<const std::string> dict) {
+  return csvHeader(stamp, kind, columnNames(layoutToWrite(stamp, kind), dict), dict);
+}
+
+std::string chartCsvRows(const FileStamp& stamp, FileKind kind, std::span<const ChartRow> rows) {
+  return csvOf({}, layoutToWrite(stamp, kind), rows);
+}
+
 std::string chartCsv(const FileStamp& stamp, std::span<const ChartRow> rows, FileKind kind,
                      std::span<const std::string> dict) {
-  const Layout layout = layoutToWrite(stamp, kind);
-  const std::string header = csvHeader(stamp, kind, columnNames(layout, dict), dict);
-  TextBuffer buffer(header.size() + kRowRoom + rows.size() * (24 + layout.size() * 8));
-  buffer.add(header);
-  SerialTexts texts;
-  for (const ChartRow& row : rows) putRow(buffer, row, layout, texts);
-  return buffer.take();
+  return csvOf(chartCsvHead(stamp, kind, dict), layoutToWrite(stamp, kind), rows);
 }
 
 FileReading<LogTable<9>> readChartCsv(std::string_view file, std::span<const std::string> dict) {
