@@ -12,6 +12,7 @@
 #include <iterator>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include "platform/error_text.h"
 
@@ -71,20 +72,6 @@ bool sync(int file, const FileCalls& calls) {
   return calls.fsync(file) == 0 || errno == EINVAL || errno == ENOTSUP;
 }
 
-// Writes an open file, syncs and closes it: closed after a failure too.
-SaveResult fill(int file, std::string_view bytes, const struct stat* old, const FileCalls& calls) {
-  SaveResult result;
-  if (old) {
-    // Only root gives files away: for anybody else the new one is the user's own.
-    [[maybe_unused]] const int given = ::fchown(file, old->st_uid, old->st_gid);
-    if (calls.fchmod(file, old->st_mode & 07777) != 0) result = failed(SaveStep::Mode);
-  }
-  if (result) result = writeAll(file, bytes, calls);
-  if (result && !sync(file, calls)) result = failed(SaveStep::Sync);
-  if (calls.close(file) != 0 && result) result = failed(SaveStep::Close);
-  return result;
-}
-
 // Makes a new file beside the target. Its name is short whatever the target's, which may be as long as names
 // get.
 int createBeside(const std::string& folder, std::string& name, const FileCalls& calls) {
@@ -105,27 +92,6 @@ SaveResult syncFolder(const std::string& folder, const FileCalls& calls) {
   return result;
 }
 
-SaveResult replace(const fs::path& target, std::string_view bytes, const struct stat* old,
-                   const FileCalls& calls) {
-  const std::string folder = folderOf(target);
-  std::string beside;
-  const int file = createBeside(folder, beside, calls);
-  if (file < 0) return failed(SaveStep::Create);
-  SaveResult result = fill(file, bytes, old, calls);
-  if (result && calls.rename(beside.c_str(), target.c_str()) != 0) result = failed(SaveStep::Rename);
-  if (!result) {
-    ::unlink(beside.c_str());
-    return result;
-  }
-  return syncFolder(folder, calls);
-}
-
-SaveResult writeInPlace(const fs::path& target, std::string_view bytes, const FileCalls& calls) {
-  const int file = calls.open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY, 0);
-  if (file < 0) return failed(SaveStep::Create);
-  return fill(file, bytes, nullptr, calls);
-}
-
 }  // namespace
 
 FileCalls systemFileCalls() {
@@ -144,19 +110,69 @@ std::string saveErrorText(const SaveResult& result) {
   return std::string(kSteps[static_cast<int>(result.step)]) + ": " + systemErrorText(result.error);
 }
 
-SaveResult saveFile(const std::string& path, std::string_view bytes, const FileCalls& calls) {
+SaveResult FileSave::begin(const std::string& path) {
+  drop();
   if (path.empty()) return {SaveStep::Look, ENOENT};
   const auto target = targetOf(path);
-  if (!target) return failed(SaveStep::Look);
-  const FileSizeSignalOff quiet;
+  return target ? open(target->string()) : failed(SaveStep::Look);
+}
+
+SaveResult FileSave::open(const std::string& target) {
   struct stat old {};
-  if (::stat(target->c_str(), &old) != 0) {
-    return errno == ENOENT ? replace(*target, bytes, nullptr, calls) : failed(SaveStep::Look);
+  const bool exists = ::stat(target.c_str(), &old) == 0;
+  if (!exists && errno != ENOENT) return failed(SaveStep::Look);
+  if (exists && S_ISDIR(old.st_mode)) return {SaveStep::Look, EISDIR};
+  target_ = target;
+  if (exists && !S_ISREG(old.st_mode)) {
+    file_ = calls_.open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY, 0);
+    return file_ < 0 ? failed(SaveStep::Create) : SaveResult{};
   }
-  if (S_ISDIR(old.st_mode)) return {SaveStep::Look, EISDIR};
-  if (!S_ISREG(old.st_mode)) return writeInPlace(*target, bytes, calls);
-  if (::faccessat(AT_FDCWD, target->c_str(), W_OK, AT_EACCESS) != 0) return failed(SaveStep::Look);
-  return replace(*target, bytes, &old, calls);
+  if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return failed(SaveStep::Look);
+  std::string beside;
+  file_ = createBeside(folderOf(target), beside, calls_);
+  if (file_ < 0) return failed(SaveStep::Create);
+  beside_ = std::move(beside);
+  if (!exists) return {};
+  // Only root gives files away: for anybody else the new one is the user's own.
+  [[maybe_unused]] const int given = ::fchown(file_, old.st_uid, old.st_gid);
+  return calls_.fchmod(file_, old.st_mode & 07777) == 0 ? SaveResult{} : dropped(failed(SaveStep::Mode));
+}
+
+SaveResult FileSave::write(std::string_view bytes) {
+  const FileSizeSignalOff quiet;
+  const SaveResult result = writeAll(file_, bytes, calls_);
+  return result ? result : dropped(result);
+}
+
+SaveResult FileSave::finish() {
+  if (!sync(file_, calls_)) return dropped(failed(SaveStep::Sync));
+  if (calls_.close(std::exchange(file_, -1)) != 0) return dropped(failed(SaveStep::Close));
+  return beside_.empty() ? SaveResult{} : putInPlace();
+}
+
+SaveResult FileSave::putInPlace() {
+  if (calls_.rename(beside_.c_str(), target_.c_str()) != 0) return dropped(failed(SaveStep::Rename));
+  beside_.clear();
+  return syncFolder(folderOf(target_), calls_);
+}
+
+SaveResult FileSave::dropped(SaveResult why) {
+  drop();
+  return why;
+}
+
+void FileSave::drop() {
+  if (file_ >= 0) calls_.close(std::exchange(file_, -1));
+  if (!beside_.empty()) ::unlink(beside_.c_str());
+  beside_.clear();
+}
+
+SaveResult saveFile(const std::string& path, std::string_view bytes, const FileCalls& calls) {
+  FileSave save(calls);
+  SaveResult result = save.begin(path);
+  if (result) result = save.write(bytes);
+  if (result) result = save.finish();
+  return result;
 }
 
 }  // namespace zephon

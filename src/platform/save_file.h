@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace zephon {
 
@@ -33,14 +34,40 @@ struct SaveResult {
 // In words, such as "writing: No space left on device"; empty for a success.
 std::string saveErrorText(const SaveResult& result);
 
-// Makes `bytes` the whole content of the file at `path`, in one step: they are written to a file beside it
-// and put on the disk before they take its name. After any failure the old file stands untouched and nothing
-// else is left behind; only after one of SyncFolder, the last step, the new file stands and might not outlive
-// a power failure.
+// A save in pieces, for what is too large to be held whole. The pieces are written to a file beside the
+// target and put on the disk before they take its name. After any failure, and when it is dropped unfinished,
+// the old file stands untouched and nothing else is left behind; only after one of SyncFolder, the last step,
+// the new file stands and might not outlive a power failure. After a failure there is nothing more to call.
 //
 // A link is followed and stays. The mode of a file that exists is kept, and its owner where the system lets
 // us; one that may not be written is not replaced (EACCES). What is no plain file (a device, a pipe) is
 // written as it stands; a folder is EISDIR.
+class FileSave {
+ public:
+  explicit FileSave(FileCalls calls = systemFileCalls()) : calls_(std::move(calls)) {}
+  FileSave(const FileSave&) = delete;
+  FileSave& operator=(const FileSave&) = delete;
+  ~FileSave() { drop(); }
+
+  SaveResult begin(const std::string& path);
+  SaveResult write(std::string_view bytes);
+  SaveResult finish();
+  bool isOpen() const { return file_ >= 0; }
+  // Ends it without a save.
+  void drop();
+
+ private:
+  SaveResult open(const std::string& target);
+  SaveResult dropped(SaveResult why);
+  SaveResult putInPlace();
+
+  FileCalls calls_;
+  int file_ = -1;
+  std::string target_;
+  std::string beside_;  // empty where the target itself is written
+};
+
+// Makes `bytes` the whole content of the file at `path`, in one step and with the promises above.
 SaveResult saveFile(const std::string& path, std::string_view bytes,
                     const FileCalls& calls = systemFileCalls());
 

@@ -1,0 +1,106 @@
+#include "pdf/font_metrics.h"
+
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
+#include "text/strings.h"
+
+namespace zephon {
+namespace {
+
+constexpr int kMostWidth = 32767;
+
+// The whole part of the number that is the second word, as in " WX 277.5 ".
+std::optional<int> secondWord(std::string_view field) {
+  const char* at = field.data();
+  const char* const end = at + field.size();
+  while (at != end && isBlank(*at)) ++at;
+  while (at != end && !isBlank(*at)) ++at;
+  while (at != end && isBlank(*at)) ++at;
+  int value = 0;
+  if (std::from_chars(at, end, value).ec != std::errc{}) return {};
+  if (value > kMostWidth || value < -kMostWidth) return {};
+  return value;
+}
+
+std::string_view nextLine(std::string_view& rest) {
+  const std::size_t end = rest.find('\n');
+  const std::string_view line = rest.substr(0, end);
+  rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+  return line;
+}
+
+bool holds(std::string_view line, std::string_view what) {
+  return line.find(what) != std::string_view::npos;
+}
+
+// The character lines, and the span of the codes that they give.
+class WidthReader {
+ public:
+  explicit WidthReader(FontMetrics& metrics) : widths_(metrics.widths) {}
+
+  void line(std::string_view text) {
+    const std::size_t first = text.find(';');
+    if (first == std::string_view::npos) return;
+    const auto code = secondWord(text.substr(0, first));
+    text.remove_prefix(first + 1);
+    const auto width = secondWord(text.substr(0, text.find(';')));
+    if (!code || !width || *code < 1 || *code > 255) return;
+    if (!first_) first_ = code;
+    last_ = *code;
+    widths_[static_cast<std::size_t>(*code)] = *width;
+  }
+
+  void finish() {
+    for (int code = 0; code < 256; ++code)
+      if (!first_ || code < *first_ || code > last_) widths_[static_cast<std::size_t>(code)] = 0;
+  }
+
+ private:
+  std::array<int, 256>& widths_;
+  std::optional<int> first_;
+  int last_ = 0;
+};
+
+void readUnderline(FontMetrics& metrics, std::string_view line) {
+  if (!line.starts_with("Underline")) return;
+  const auto value = secondWord(line);
+  if (!value) return;
+  if (line.starts_with("UnderlinePosition ")) metrics.underlinePosition = *value;
+  if (line.starts_with("UnderlineThickness ")) metrics.underlineThickness = *value;
+}
+
+}  // namespace
+
+FontMetrics parseFontMetrics(std::string_view file) {
+  FontMetrics metrics;
+  while (!file.empty()) {
+    const std::string_view line = nextLine(file);
+    if (holds(line, "StartCharMetrics")) break;
+    readUnderline(metrics, line);
+  }
+  WidthReader widths(metrics);
+  while (!file.empty()) {
+    const std::string_view line = nextLine(file);
+    if (holds(line, "EndCharMetrics") || holds(line, "-1 ;")) break;
+    widths.line(line);
+  }
+  widths.finish();
+  return metrics;
+}
+
+double stringWidth(const FontMetrics& metrics, std::string_view bytes, double size) {
+  const auto width = [&](char c) { return metrics.widths[static_cast<unsigned char>(c)]; };
+  // Two sums do not wait for each other.
+  std::int64_t even = 0;
+  std::int64_t odd = 0;
+  for (; bytes.size() >= 2; bytes.remove_prefix(2)) {
+    even += width(bytes[0]);
+    odd += width(bytes[1]);
+  }
+  if (!bytes.empty()) even += width(bytes[0]);
+  return size * static_cast<double>(even + odd) / 1000;
+}
+
+}  // namespace zephon

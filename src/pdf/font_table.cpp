@@ -1,0 +1,73 @@
+#include "pdf/font_table.h"
+
+#include <algorithm>
+#include <array>
+#include <filesystem>
+
+#include "platform/read_file.h"
+#include "text/strings.h"
+
+namespace zephon {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::array<std::string_view, 5> kFamilies = {"Helvetica", "Courier", "Times", "Symbol",
+                                                       "ZapfDingbats"};
+constexpr std::size_t kExtension = 4;  // characters of ".afm"
+constexpr std::size_t kMostBytes = 1 << 20;
+
+}  // namespace
+
+std::string fontName(FontFamily family, bool italic, bool bold) {
+  const std::string name(kFamilies[static_cast<std::size_t>(family)]);
+  const bool times = family == FontFamily::Times;
+  if (italic && bold) return name + (times ? "-BoldItalic" : "-BoldOblique");
+  if (italic) return times ? "TimesItalic" : name + "-Oblique";
+  if (bold) return name + "-Bold";
+  return times ? name + "-Roman" : name;
+}
+
+bool FontTable::load(const std::string& folder) {
+  std::vector<Font> found;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    const std::string file = entry->path().filename().string();
+    if (findIgnoringCase(entry->path().string(), ".afm") == std::string::npos) continue;
+    found.push_back({file.substr(0, file.size() - std::min(file.size(), kExtension)), {}});
+  }
+  if (found.empty()) return false;
+  std::ranges::sort(found, {}, &Font::name);
+  fonts_ = std::move(found);
+  folder_ = folder;
+  return true;
+}
+
+std::optional<std::size_t> FontTable::find(std::string_view name) const {
+  if (last_ < fonts_.size() && fonts_[last_].name == name) return last_;
+  const auto hit = std::ranges::find(fonts_, name, &Font::name);
+  if (hit == fonts_.end()) return {};
+  return last_ = static_cast<std::size_t>(hit - fonts_.begin());
+}
+
+std::size_t FontTable::number(std::string_view name) const {
+  return find(name).value_or(0) + 1;
+}
+
+const FontMetrics* FontTable::metrics(std::string_view name) {
+  const auto index = find(name);
+  if (!index) return nullptr;
+  Font& font = fonts_[*index];
+  if (!font.metrics) {
+    const FileContent content = readFile(file(name), kMostBytes);
+    if (!content) return nullptr;
+    font.metrics = parseFontMetrics(content.bytes);
+  }
+  return &*font.metrics;
+}
+
+std::string FontTable::file(std::string_view name) const {
+  return folder_ + "/" + std::string(name) + ".afm";
+}
+
+}  // namespace zephon

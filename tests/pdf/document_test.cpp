@@ -1,0 +1,268 @@
+#include <cmath>
+#include <functional>
+
+#include "pdf/written_pdf.h"
+
+namespace zephon {
+namespace {
+
+constexpr const char* kMetrics = "StartCharMetrics 2\nC 65 ; WX 500 ;\nC 66 ; WX 700 ;\nEndCharMetrics\n";
+
+TEST(PdfDocument, onePageHasItsObjectsInTheirOrder) {
+  PdfWorld world;
+  world.folder.put("fonts/Helvetica.afm", kMetrics);
+  world.pdf.PDFTitle("a title");
+  world.pdf.PDFProducer("Zäh (er)");
+  world.begin(world.folder / "fonts");
+  const WrittenPdf file = world.end();
+  EXPECT_TRUE(file.bytes().starts_with("%PDF-1.3\r\n1 0 obj\r\n"));
+  EXPECT_TRUE(file.bytes().ends_with("startxref\r\n" + file.after("startxref\r\n") + "\r\n%%EOF\r\n"));
+  EXPECT_EQ(
+      file.object(1),
+      "<<\r\n/Producer (Z\xE4h (er))\r\n/Author ()\r\n/CreationDate (D:20260304050607)\r\n/Creator ()\r\n"
+      "/Keywords ()\r\n/Subject ()\r\n/Title (a title)\r\n/ModDate ()\r\n>>\r\n");
+  EXPECT_EQ(file.object(2), "<< /Length 3 0 R\r\n >>\r\nstream\r\n\r\nendstream\r\n");
+  EXPECT_EQ(file.object(3), "0\r\n");
+  EXPECT_EQ(file.object(4),
+            "<< /Type /Font\r\n/Subtype /Type1\r\n/Name /F1\r\n/BaseFont /Helvetica\r\n"
+            "/Encoding /WinAnsiEncoding\r\n>>\r\n");
+  EXPECT_EQ(file.object(5), "<< /Type /Pages\r\n/Kids [ 7 0 R ]\r\n/Count 1\r\n>>\r\n");
+  EXPECT_EQ(
+      file.object(6),
+      "<< /ProcSet [ /PDF /Text /ImageC]\r\n/XObject << \r\n>>\r\n/Font << \r\n/F1 4 0 R \r\n>>\r\n>>\r\n");
+  EXPECT_EQ(file.object(7),
+            "<< /Type /Page\r\n/Parent 5 0 R\r\n/MediaBox [ 0 0 595.28 841.89]\r\n/Resources 6 0 R\r\n"
+            "/Contents 2 0 R\r\n>>\r\n");
+  EXPECT_EQ(file.object(8), "<<\r\n/Type /Catalog\r\n/Pages 5 0 R\r\n/OpenAction [7 0 R /Fit]\r\n>>\r\n");
+  EXPECT_EQ(file.after("/Size "), "9");
+  EXPECT_EQ(file.after("/Root "), "8 0 R");
+}
+
+// Three pages, two fonts, two images: every number computed ahead leads to the object that it means.
+TEST(PdfDocument, numbersLeadToWhatTheyMean) {
+  PdfWorld world;
+  world.folder.put("fonts/Courier.afm", kMetrics);
+  world.folder.put("fonts/TimesItalic.AFM", kMetrics);
+  world.begin(world.folder / "fonts");
+  for (int page = 1; page <= 3; ++page) {
+    if (page > 1) world.pdf.PDFNewPage();
+    world.pdf.PDFTextOut("page " + std::to_string(page), 10, 20);
+    for (const char* name : {"a.jpg", "b.JPEG"}) world.pdf.PDFImage(world.picture(name), 1, 2, 3, 4);
+    EXPECT_EQ(world.pdf.pdfPageNumber(), static_cast<std::size_t>(page));
+  }
+  const WrittenPdf file = world.end();
+  EXPECT_TRUE(has(file.object(9), "/BaseFont /Times-Italic\r\n"));
+  EXPECT_TRUE(has(file.object(10), "/Kids [ 14 0 R 15 0 R 16 0 R ]\r\n/Count 3"));
+  EXPECT_TRUE(has(file.object(11), "/ImgJPEG1 12 0 R\r\n/ImgJPEG2 13 0 R\r\n>>"));
+  EXPECT_TRUE(has(file.object(11), "/F1 8 0 R \r\n/F2 9 0 R \r\n>>"));
+  EXPECT_TRUE(has(file.object(13), "/Name /ImgJPEG2\r\n"));
+  for (int page = 0; page < 3; ++page) {
+    EXPECT_TRUE(has(file.object(14 + page), "/Contents " + std::to_string(2 + 2 * page) + " 0 R"));
+    const std::string drawn = file.stream(2 + 2 * page);
+    EXPECT_TRUE(has(drawn, "(page " + std::to_string(page + 1) + ") Tj"));
+    EXPECT_EQ(file.object(3 + 2 * page), std::to_string(drawn.size()) + "\r\n");
+    EXPECT_EQ(drawn.starts_with("%DEBUT_OBJ/%\r\n"), page > 0);
+  }
+  EXPECT_EQ(file.count(" Do Q"), 6);
+  EXPECT_EQ(file.count("endobj\r\n%FIN_OBJ/%\r\n"), 5);
+  EXPECT_FALSE(has(file.bytes(), "/Annots"));
+}
+
+// Neither the header's line end nor that behind any object, nor a marker, is counted.
+TEST(PdfDocument, offsetsAreSumsOfTheTexts) {
+  PdfWorld world;
+  world.begin();
+  world.pdf.PDFImage(world.picture("a.jpg"), 1, 2, 3, 4);
+  for (int page = 0; page < 30; ++page) world.pdf.PDFNewPage();
+  const WrittenPdf file = world.end();
+  const std::size_t table = file.bytes().rfind("xref\r\n0 ");
+  std::size_t entry = file.bytes().find("0000000000 65535 f\r\n", table);
+  const int last = std::stoi(file.after("/Size ")) - 1;
+  const auto counted = [&](std::size_t position, int texts) {
+    const std::size_t markers = WrittenPdf(file.bytes().substr(0, position)).count("\r\n%FIN_OBJ/%\r\n");
+    return position - 2 * static_cast<std::size_t>(texts) - 12 * markers;
+  };
+  for (int number = 1; number <= last; ++number) {
+    entry += 20;
+    const std::string line = file.bytes().substr(entry, 20);
+    EXPECT_EQ(std::stoul(line.substr(0, 10)), counted(file.positionOf(number), number)) << number;
+    EXPECT_EQ(line.substr(10), " 00000 n\r\n");
+  }
+  EXPECT_EQ(std::stoul(file.after("startxref\r\n")), counted(table, last + 1));
+}
+
+TEST(PdfDocument, theCatalogFollowsItsSettings) {
+  const struct {
+    std::function<void(LarkPDF&)> set;
+    const char* expected;
+  } cases[] = {
+      {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(1); }, "/OpenAction [3 0 R /FitH null]\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(2); }, "/OpenAction [3 0 R /XYZ null null 1]\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(150); }, "/OpenAction [3 0 R /XYZ null null 1.5]\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(0); }, " /Fit]\r\n/PageLayout /SinglePage\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(1); }, "/PageLayout /OneColumn\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(2); }, "/PageLayout /TwoColumnLeft\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(3); }, " /Fit]\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFUseThumbs(true); }, " /Fit]\r\n/PageMode /UseThumbs\r\n>>"},
+      {[](LarkPDF& pdf) { pdf.PDFSetViewerPreferences("62x"); },
+       "/ViewerPreferences<<\r\n/HideMenubar true\r\n/DisplayDocTitle true\r\n>>\r\n>>"},
+  };
+  for (const auto& one : cases) {
+    PdfWorld world;
+    world.begin();
+    one.set(world.pdf);
+    const std::string bytes = world.end().bytes();
+    EXPECT_TRUE(has(bytes.substr(bytes.find("/Type /Catalog")), one.expected)) << one.expected;
+    EXPECT_TRUE(world.messages.empty());
+  }
+}
+
+TEST(PdfDocument, bookmarksHangInATree) {
+  PdfWorld world;
+  world.begin(world.folder / "");
+  world.pdf.PDFUseOutlines(true);
+  world.pdf.PDFSetBookmark("one", 0, 41.89);
+  world.pdf.PDFSetBookmark("in (one)", 1, -1);
+  world.pdf.PDFNewPage();
+  world.pdf.PDFSetBookmark("two", 0, 0);
+  const WrittenPdf file = world.end();  // 2 streams and lengths, 6 Pages, 7 Resources, 8 and 9 pages
+  EXPECT_EQ(file.object(10), "<< /Type /Outlines\r\n/First 11 0 R\r\n/Last 13 0 R\r\n>>\r\n");
+  EXPECT_EQ(file.object(11),
+            "<< /Title (one)\r\n/Parent 10 0 R\r\n/Next 13 0 R\r\n/First 12 0 R\r\n/Last 12 0 R\r\n"
+            "/Dest [8 0 R /XYZ 0 800.00 null]\r\n>>\r\n");
+  EXPECT_EQ(file.object(12),
+            "<< /Title (in \\(one\\))\r\n/Parent 11 0 R\r\n/Dest [8 0 R /XYZ 0 841.89 null]\r\n>>\r\n");
+  EXPECT_TRUE(has(file.object(13), "/Prev 11 0 R\r\n/Dest [9 0 R"));
+  EXPECT_TRUE(has(file.object(14), "/Outlines 10 0 R\r\n/PageMode /UseOutlines\r\n"));
+}
+
+TEST(PdfDocument, formatsGoFromPageToPage) {
+  PdfWorld world;
+  const char* expected[] = {"595 842",       "842 595",      "1190.55 841.89", "420.94 595.28",
+                            "420.94 595.28", "300.13 200.5", "300 200"};
+  world.pdf.PDFFormatPage(0);
+  world.pdf.PDFOrientation(1);
+  world.begin(world.folder / "");
+  world.pdf.PDFEndPage();
+  world.pdf.PDFOrientation(0);  // of the next page already
+  world.pdf.PDFNewPage();
+  world.pdf.PDFNewPage();
+  world.pdf.PDFFormatPage(1);
+  world.pdf.PDFNewPage();
+  world.pdf.PDFOrientation(1);
+  world.pdf.PDFFormatPage(2);
+  EXPECT_EQ(world.pdf.PDFGetPageWidth(), 420.94);
+  world.pdf.PDFEndPage();
+  world.pdf.PDFNewPage();
+  world.pdf.PDFNewPage();
+  world.pdf.PDFFormatPage({300.126, 200.5});
+  world.pdf.PDFNewPage();
+  world.pdf.PDFOrientation(1);
+  const std::string bytes = world.end().bytes();
+  std::size_t at = 0;
+  for (const std::string box : expected) {
+    at = bytes.find("/MediaBox [ 0 0 ", at) + 16;
+    EXPECT_EQ(bytes.substr(at, bytes.find(']', at) - at), box);
+  }
+  EXPECT_EQ(bytes.find("/MediaBox", at), std::string::npos);
+}
+
+TEST(PdfDocument, badSettingsTellAndFallBack) {
+  const double nan = std::nan("");
+  const struct {
+    std::function<void(LarkPDF&)> set;
+    const char* heading;
+    const char* text;
+  } cases[] = {
+      {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(-1); }, "Zoom Mode - ",
+       "Incorrect Zoom Mode : -1.\r\nFocus will be set to full-page zoom"},
+      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(4); }, "Layout Mode - ",
+       "Layout incorrect : 4.\r\nLayout will be set to simple single page."},
+      {[](LarkPDF& pdf) { pdf.PDFSetUnit(3); }, "Error in measurement unit - ",
+       "Incorrect Unit of Measure : 3.\r\nUsing centimeter "},
+      {[](LarkPDF& pdf) { pdf.PDFOrientation(2); }, "Error in orientation - ",
+       "Orientation set incorrectly: 2.\r\nOrientation set to portrait."},
+      {[](LarkPDF& pdf) { pdf.PDFFormatPage(5); }, "Format Page - ",
+       "Format page set incorrectly : 5.\r\nFormat page set to A4."},
+      {[=](LarkPDF& pdf) {
+         pdf.PDFFormatPage({nan, 10});
+       },
+       "Format Page - ", "Format page set incorrectly :  10.\r\nFormat page set to A4."},
+      {[](LarkPDF& pdf) { pdf.PDFSetFont(5, 10, 0); }, "Font name - ",
+       "Font name set incorrectly : 5.\r\nFont set to Times New Roman."},
+      {[](LarkPDF& pdf) { pdf.PDFSetTextColor("12345"); }, "Text Color ",
+       "Invalid HTMl color set.\r\nSet color to  black."},
+      {[](LarkPDF& pdf) { pdf.PDFSetLineColor("#12345G"); }, "Line Color - ",
+       "Invalid line color set .\r\nSetting line color to black."},
+      {[](LarkPDF& pdf) { pdf.PDFSetDrawColor("##12345"); }, "Draw Color - ",
+       "Invalid Draw Color set .\r\nUsing black."},
+      {[](LarkPDF& pdf) { pdf.PDFSetLineStyle(5); }, "Line Style - ",
+       "Line style set incorrectly : 5.\r\nLine style set to solid."},
+      {[](LarkPDF& pdf) { pdf.PDFSetDrawMode("X"); }, "Object Rectangle - ",
+       "Draw Mode set incorrectly : X.\r\nDraw mode set to normal"},
+  };
+  for (const auto& one : cases) {
+    PdfWorld world;
+    world.pdf.PDFSetUnit(1);
+    world.pdf.PDFSetLayoutMode(2);
+    one.set(world.pdf);
+    ASSERT_EQ(world.messages.size(), 1u) << one.text;
+    EXPECT_EQ(world.messages[0].first, std::string("LarkPDF 1.0") + one.heading);
+    EXPECT_EQ(world.messages[0].second, one.text);
+  }
+  PdfWorld world;
+  for (const auto& one : cases) one.set(world.pdf);
+  EXPECT_EQ(world.pdf.PDFGetUnit(), "cm");
+  EXPECT_EQ(world.pdf.PDFGetTextColor(), "0.000 0.000 0.000 rg");
+  world.begin();
+  world.pdf.PDFDrawRectangle(1, 2, 3, 4);
+  const WrittenPdf file = world.end();
+  EXPECT_TRUE(has(file.bytes(), "/Fit]\r\n/PageLayout /SinglePage"));
+  EXPECT_TRUE(has(file.bytes(), "/MediaBox [ 0 0 595.28 841.89]"));
+  EXPECT_TRUE(has(file.stream(2), "0.000 0.000 0.000 RG 0.000 0.000 0.000 rg [] 0 d\r\n"));
+  EXPECT_TRUE(has(file.stream(2), "0.57 w S\r\n"));
+}
+
+// Until the document is whole an old file stands, and nothing else is left behind.
+TEST(PdfDocument, failuresLeaveTheOldFile) {
+  PdfWorld world;
+  world.folder.put("a.pdf", "old");
+  EXPECT_FALSE(world.pdf.PDFBeginDoc());
+  EXPECT_FALSE(world.pdf.PDFFileName("none/a.pdf"));
+  EXPECT_FALSE(world.pdf.PDFEndDoc());
+  world.pdf.PDFTextOut("nowhere", 1, 1);
+  world.pdf.PDFNewPage();
+  ASSERT_EQ(world.messages.size(), 2u);
+  EXPECT_EQ(world.messages[1].second, "Cannot write none/a.pdf.\r\ncreating: No such file or directory");
+  world.begin();
+  EXPECT_FALSE(world.pdf.PDFBeginDoc());
+  for (int page = 0; page < 17000; ++page) world.pdf.PDFNewPage();
+  EXPECT_FALSE(world.pdf.PDFEndDoc());
+  EXPECT_EQ(world.messages.back().second,
+            "Cannot write " + world.folder / "a.pdf" + ".\r\nthe document has too many objects");
+  {
+    PdfWorld dropped;
+    dropped.begin();
+  }
+  LarkPDF full({{}, {}, [&](auto& title, auto& text) { world.messages.emplace_back(title, text); }, {}});
+  EXPECT_TRUE(full.PDFFileName("/dev/full"));
+  full.PDFBeginDoc();
+  full.PDFConfirm(true);
+  EXPECT_FALSE(full.PDFEndDoc());
+  EXPECT_EQ(world.messages.back().second, "Cannot write /dev/full.\r\nwriting: No space left on device");
+  EXPECT_EQ(world.folder.get("a.pdf"), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(world.folder / ""), {}), 1);
+}
+
+TEST(PdfDocument, confirmsAndShowsWhatIsSaved) {
+  PdfWorld world;
+  world.pdf.PDFConfirm(true);
+  world.pdf.PDFView(true);
+  world.begin();
+  world.end();
+  EXPECT_EQ(world.messages, (std::vector<PdfWorld::Message>{{"LarkPDF 1.0", "Report Saved."}}));
+  EXPECT_EQ(world.viewed, std::vector<std::string>{world.folder / "a.pdf"});
+}
+
+}  // namespace
+}  // namespace zephon

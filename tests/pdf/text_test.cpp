@@ -1,0 +1,222 @@
+#include "pdf/cell_lines.h"
+#include "pdf/written_pdf.h"
+
+namespace zephon {
+namespace {
+
+TEST(PdfFont, namesAreThoseOfTheirMetrics) {
+  const struct {
+    int family;
+    int style;
+    const char* name;
+  } cases[] = {{0, 0, "Helvetica"},      {0, 1, "Helvetica-Oblique"},
+               {0, 2, "Helvetica-Bold"}, {0, 12, "Helvetica-BoldOblique"},
+               {1, 0, "Courier"},        {1, 31, "Courier-Oblique"},
+               {1, 2, "Courier-Bold"},   {1, 21, "Courier-BoldOblique"},
+               {2, 0, "Times-Roman"},    {2, 1, "TimesItalic"},
+               {2, 2, "Times-Bold"},     {2, 321, "Times-BoldItalic"},
+               {3, 0, "Symbol"},         {4, 0, "ZapfDingbats"},
+               {9, 2, "TimesRoman"}};
+  FontTable fonts;
+  ASSERT_TRUE(fonts.load(ZEPHON_RESOURCES "/Fonts"));
+  for (const auto& one : cases) {
+    PdfWorld world;
+    world.begin();
+    world.pdf.PDFSetFont(one.family, 12, one.style);
+    world.pdf.PDFTextOut("x", 10, 10);
+    ASSERT_EQ(fonts.name(fonts.number(one.name)), one.name);
+    const std::string number = std::to_string(fonts.number(one.name));
+    EXPECT_TRUE(has(world.drawn(), "\r\n/F" + number + " 12 Tf (x) Tj")) << one.name;
+    EXPECT_GT(world.pdf.PDFGetStringWidth("a", "", 1000), 0) << one.name;
+  }
+}
+
+// Widths that every standard font has, the bullet and western European letters among them.
+TEST(PdfFont, suppliedMetricsAreThoseOfTheStandardFonts) {
+  const struct {
+    const char* font;
+    const char* text;
+    double width;
+  } cases[] = {{"Helvetica", "Ag 1", 667 + 556 + 278 + 556},
+               {"Helvetica", "•°ß", 350 + 400 + 611},
+               {"Helvetica-Bold", "A", 722},
+               {"Times-Roman", "Äé€", 722 + 444 + 500},
+               {"TimesItalic", "A", 611},
+               {"Courier", "ñ—", 1200},
+               {"Symbol", "a", 631},
+               {"Helvetica", "\u03A9", 556}};
+  PdfWorld world;
+  world.begin();
+  for (const auto& one : cases) EXPECT_EQ(world.pdf.PDFGetStringWidth(one.text, one.font, 1000), one.width);
+  EXPECT_TRUE(world.messages.empty());
+}
+
+TEST(PdfFont, metricsAreReadBetweenTheirMarks) {
+  const FontMetrics metrics = parseFontMetrics(
+      "C 64 ; WX 1 ;\nUnderlinePosition -151\nUnderlineThickness 37.5\r\nStartCharMetrics 9\r\n"
+      "C 66 ; WX 500.9 ; N B ;\r\nC 70 ; WX 7 ;\r\nC 65 ; WX 600 ;\nC 67 ; WX none ;\nC 300 ; WX 9 ;\nC\n;;\n"
+      "C 69 ; WX 99999999999 ;\nC 68 ; WX 40\nC -1 ; WX 50 ; N lost ;\nC 80 ; WX 3 ;\nEndCharMetrics\n");
+  EXPECT_EQ(metrics.underlinePosition, -151);
+  EXPECT_EQ(metrics.underlineThickness, 37);
+  for (int code = 0; code < 256; ++code) {
+    const int expected = code == 66   ? 500
+                         : code == 68 ? 40
+                                      : 0;  // 70 is above the last code, 65 below the first
+    EXPECT_EQ(metrics.widths[static_cast<std::size_t>(code)], expected) << code;
+  }
+  EXPECT_EQ(stringWidth(metrics, "BDBx", 10), 10.4);
+  EXPECT_EQ(parseFontMetrics("").underlinePosition, -100);
+}
+
+TEST(PdfFont, missingMetricsTellOnceAndTextStillStands) {
+  PdfWorld world;
+  world.begin(world.folder / "");
+  world.pdf.PDFSetFont(0, 12, 3);
+  world.pdf.PDFTextOut("one", 10, 20);
+  world.pdf.PDFTextOut("two", 30, 40);
+  EXPECT_EQ(world.pdf.PDFGetX(), 30);
+  ASSERT_EQ(world.messages.size(), 1u);
+  EXPECT_TRUE(has(world.messages[0].second, "Helvetica.afm.\r\n"));
+  const WrittenPdf file = world.end();
+  EXPECT_TRUE(has(file.stream(2), "/F1 12 Tf (two) Tj"));
+  EXPECT_EQ(file.count("/Type /Font"), 0);
+}
+
+TEST(PdfText, standsWithItsColourFontAndPlace) {
+  PdfWorld world;
+  world.begin();
+  world.pdf.PDFSetFont(0, 12, 3);
+  world.pdf.PDFSetTextColor({255, 128, -5});
+  world.pdf.PDFTextOut("AA", 10.005, 20);
+  EXPECT_NEAR(world.pdf.PDFGetX(), 10.005 + 12 * 2 * 0.667, 1e-9);
+  EXPECT_EQ(world.pdf.PDFGetY(), 32);
+  world.pdf.PDFSetTextColor("#0000ff");
+  world.pdf.PDFTextOut("a\\b(c) • é", 0, 0);
+  EXPECT_EQ(world.drawn(),
+            "q 1.000 0.502 0.000 rg %DEBUT_TEXT/%\r\nBT\r\n10.01 821.89 Td\r\n/F5 12 Tf (AA) Tj\r\nET\r\n"
+            "10.01 820.08 16.01 -0.60 re f\r\nQ\r\n%FIN_TEXT/%\r\n"
+            "q 0.000 0.000 1.000 rg %DEBUT_TEXT/%\r\nBT\r\n26.01 809.89 Td\r\n"
+            "/F5 12 Tf (a\\\\\\\\b\\(c\\) \x95 \xE9) Tj\r\nET\r\nQ\r\n%FIN_TEXT/%");
+}
+
+TEST(PdfText, aFreshPageTakesTheMarginTwiceAndSizeZeroIsWrittenAsTen) {
+  PdfWorld world;
+  world.pdf.PDFLoadAfm(ZEPHON_RESOURCES "/Fonts");
+  world.pdf.PDFFileName("a.pdf");
+  world.pdf.PDFBeginDoc();
+  world.pdf.PDFTextOut("A");  // 2 cm and 1 cm
+  EXPECT_EQ(world.pdf.PDFGetX(), 1);
+  EXPECT_EQ(world.pdf.PDFGetY(), 1);
+  EXPECT_EQ(world.pdf.PDFGetCellMargin(), 3);
+  world.pdf.PDFSetFont(1, 10, 0);
+  world.pdf.PDFTextOut("A");
+  EXPECT_EQ(world.pdf.PDFGetX(), 7);  // 6 points, taken as centimetres
+  EXPECT_EQ(world.pdf.PDFGetY(), 11);
+  world.pdf.PDFSetUnit(1);
+  EXPECT_NEAR(world.pdf.PDFTextHeight(), 3.528, 0.001);
+  const std::string drawn = world.drawn();
+  EXPECT_TRUE(has(drawn, "q 0 g %DEBUT_TEXT/%\r\nBT\r\n56.69 813.54 Td\r\n/F1 10 Tf (A) Tj"));
+}
+
+TEST(PdfText, rotationTurnsTheNextTextAlone) {
+  PdfWorld world;
+  world.begin();
+  world.pdf.PDFSetFont(0, 10, 0);
+  world.pdf.PDFSetRotation(30);
+  world.pdf.PDFTextOut("A", 10, 20);
+  world.pdf.PDFTextOut("B", 10, 20);
+  const std::string drawn = world.drawn();
+  EXPECT_TRUE(has(drawn, "BT\r\n0.87 0.50 -0.50 0.87 10.00 821.89 Tm\r\n/F5 10 Tf (A) Tj"));
+  EXPECT_TRUE(has(drawn, "BT\r\n10.00 821.89 Td\r\n/F5 10 Tf (B) Tj"));
+}
+
+// 45 is taken as radians where the watermark is placed, and as degrees where it is turned.
+TEST(PdfText, theWatermarkStandsBehindEachPagesContent) {
+  PdfWorld world;
+  world.begin();
+  world.pdf.PDFSetFont(1, 10, 3);
+  world.pdf.PDFWatermark("DRAFT");  // 150 points wide
+  world.pdf.PDFEndPage();
+  world.pdf.PDFNewPage();
+  world.pdf.PDFTextOut("text", 10, 20);
+  const WrittenPdf file = world.end();
+  const std::string mark =
+      "q 1.000 0.753 0.796 rg %DEBUT_TEXT/%\r\nBT\r\n0.71 0.71 -0.71 0.71 187.81 390.95 Tm\r\n"
+      "/F1 50 Tf (DRAFT) Tj\r\nET\r\nQ\r\n%FIN_TEXT/%";
+  EXPECT_EQ(file.stream(2), mark);
+  EXPECT_TRUE(file.stream(4).ends_with("re f\r\nQ\r\n%FIN_TEXT/%\r\n" + mark));
+  EXPECT_TRUE(has(file.stream(4), "q 0 g %DEBUT_TEXT/%\r\nBT\r\n10.00 821.89 Td\r\n/F1 10 Tf (text) Tj"));
+}
+
+// In Courier of 10 points a character is 6 points wide.
+TEST(PdfCell, cutsItsTextIntoLines) {
+  FontMetrics courier;
+  courier.widths.fill(600);
+  const struct {
+    const char* text;
+    double width;
+    std::size_t most;
+    std::vector<std::string_view> lines;
+  } cases[] = {{"", 60, 99, {""}},
+               {"one two three", 60, 99, {"one two", "three"}},
+               {"one two three", 42, 99, {"one two", "three"}},
+               {"one two three", 41.9, 99, {"one", "two", "three"}},
+               {"onetwothree", 30, 99, {"onetw", "othre", "e"}},
+               {"a\r\nb\r\n\r\n", 60, 99, {"a", "b", ""}},
+               {"a\nb\r\n", 60, 99, {"a\nb"}},
+               {"one  \r\ntwo", 18, 99, {"one  ", "two"}},
+               {" one", 18, 99, {" on", "e"}},
+               {"narrow", -5, 99, {"n", "a", "r", "r", "o", "w"}},
+               {"one two", 60, 4, {"one", "two"}}};
+  for (const auto& one : cases)
+    EXPECT_EQ(cellLines(one.text, &courier, 10, one.width, one.most), one.lines) << one.text;
+  EXPECT_EQ(cellLines("abcdef", nullptr, 10, 60, 4), (std::vector<std::string_view>{"abcd", "ef"}));
+}
+
+TEST(PdfCell, sidesBelongToTheirLines) {
+  const struct {
+    const char* border;
+    std::vector<std::string> lines;
+  } cases[] = {{"0", {"", "", ""}},
+               {"1", {"LRT", "LR", "LRB"}},
+               {"TBRL", {"LRT", "LR", "LRB"}},
+               {"LT", {"LT", "L", "L"}},
+               {"B", {"", "", "B"}}};
+  for (const auto& one : cases)
+    for (std::size_t line = 0; line < 3; ++line) EXPECT_EQ(cellBorder(one.border, line, 3), one.lines[line]);
+  EXPECT_EQ(cellBorder("1", 0, 1), "1");
+  EXPECT_EQ(cellBorder("LRTB", 0, 1), "1");
+}
+
+TEST(PdfCell, drawsBoxSidesAndTextByAlignment) {
+  PdfWorld world;
+  world.begin();
+  world.pdf.PDFSetFont(1, 10, 0);
+  world.pdf.PDFSetBorder("1");
+  world.pdf.PDFSetFill(true);
+  world.pdf.PDFSetDrawColor("#FFFF00");
+  world.pdf.PDFSetAlignement("C");
+  world.pdf.PDFCell("ab", 100, 41.89, 66, 20);
+  world.pdf.PDFSetFill(false);
+  world.pdf.PDFSetAlignement("R");
+  world.pdf.PDFCell("(b)\r\n", 100, 41.89, 66, 20);
+  world.pdf.PDFSetBorder("1");
+  world.pdf.PDFSetAlignement("FJ");
+  EXPECT_EQ(world.pdf.PDFGetAlignement(), "Justified");
+  world.pdf.PDFCell("a b c ddddd", 100, 41.89, 66, 0);
+  EXPECT_EQ(world.pdf.PDFGetY(), 61.89);
+  EXPECT_EQ(
+      world.drawn(),
+      "%DEBUT_CELL/%\r\n0 G 1.000 1.000 0.000 rg [] 0 d 0.57 w\r\n100.00 800.00 66.00 -20.00 re \r\nB\r\n"
+      "q 0 g BT /F1 10 Tf 127.00 787.00 Td (ab) Tj ET Q\r\n%FIN_CELL/%\r\n"
+      "%DEBUT_CELL/%\r\nq 0 g BT /F1 10 Tf 145.00 787.00 Td (\\(b\\)) Tj ET Q\r\n%FIN_CELL/%\r\n"
+      "%DEBUT_CELL/%\r\n0 G 1.000 1.000 0.000 rg [] 0 d 0.57 w\r\n100.00 800.00 m 100.00 790.00 l S\r\n"
+      "100.00 800.00 m 166.00 800.00 l S\r\n166.00 800.00 m 166.00 790.00 l S\r\n15.00 Tw\r\n"
+      "q 0 g BT /F1 10 Tf 103.00 792.00 Td (a b c) Tj ET Q\r\n0 Tw\r\n"
+      "0 G 1.000 1.000 0.000 rg [] 0 d 0.57 w\r\n100.00 790.00 m 100.00 780.00 l S\r\n"
+      "166.00 790.00 m 166.00 780.00 l S\r\n100.00 780.00 m 166.00 780.00 l S\r\n"
+      "q 0 g BT /F1 10 Tf 103.00 782.00 Td (ddddd) Tj ET Q\r\n%FIN_CELL/%");
+}
+
+}  // namespace
+}  // namespace zephon
