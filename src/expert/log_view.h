@@ -19,6 +19,8 @@ class LogView {
   // of a download, or the row that is being filled. 0 for an empty table as well.
   std::size_t largestRow() const { return rows_ == 0 ? 0 : rows_ - 1; }
 
+  // The cells of a row by column.
+  const double* row(std::size_t row) const { return row_(table_, row); }
   double at(std::size_t column, std::size_t row) const { return row_(table_, row)[column]; }
 
  private:

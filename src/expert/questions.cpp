@@ -51,10 +51,9 @@ bool passes(double cell, Test::Relation relation, double limit) {
 }
 
 // Nothing when a cell is no number.
-std::optional<bool> rowPasses(const LogView& log, std::size_t row, const Tests& tests,
-                              const std::vector<double>& limits) {
+std::optional<bool> rowPasses(const double* cells, const Tests& tests, const std::vector<double>& limits) {
   for (std::size_t i = 0; i < tests.size(); ++i) {
-    const double cell = log.at(tests[i].column, row);
+    const double cell = cells[tests[i].column];
     if (!std::isfinite(cell)) return {};
     if (!passes(cell, tests[i].relation, limits[i])) return false;
   }
@@ -140,7 +139,7 @@ Seen rowsPassing(const Pass& pass, const Tests& tests) {
   }
   Seen seen;
   for (std::size_t row = 0; row < pass.log.largestRow(); ++row) {
-    const auto good = rowPasses(pass.log, row, tests, limits);
+    const auto good = rowPasses(pass.log.row(row), tests, limits);
     seen.failed = !good;
     if (seen.failed) break;
     if (*good) seen.rows.push_back(row);

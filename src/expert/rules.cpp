@@ -7,6 +7,7 @@ namespace zephon {
 namespace {
 
 RowNumbers together(const RowNumbers& a, const RowNumbers& b) {
+  if (a.empty() || a == b) return b;
   RowNumbers both;
   both.reserve(std::max(a.size(), b.size()));
   std::set_union(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(both));
