@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <numeric>
 #include <span>
@@ -20,8 +21,11 @@ class PlottedRows {
  public:
   using Row = std::array<double, Columns>;
   using Moment = double (*)(const Row&);
+  using Gap = bool (*)(const Row&);
 
-  PlottedRows(std::span<const Row> rows, Moment momentOf) : rows_(rows), moment_(momentOf) {
+  // `isGap` tells the rows in which nothing was measured, their values zero.
+  PlottedRows(std::span<const Row> rows, Moment momentOf, Gap isGap = nullptr)
+      : rows_(rows), moment_(momentOf), gap_(isGap) {
     const auto earlier = [this](std::uint32_t a, std::uint32_t b) {
       return moment_(rows_[a]) < moment_(rows_[b]);
     };
@@ -35,6 +39,12 @@ class PlottedRows {
   std::size_t size() const { return rows_.size(); }
   double moment(std::size_t index) const { return moment_(row(index)); }
   const Row& row(std::size_t index) const { return rows_[order_.empty() ? index : order_[index]]; }
+  // No number in a gap.
+  double value(std::size_t index, std::size_t column) const {
+    const Row& one = row(index);
+    const bool gap = one[column] == 0 && gap_ && gap_(one);
+    return gap ? std::numeric_limits<double>::quiet_NaN() : one[column];
+  }
   double largest(std::size_t column) const {
     double value = 0;
     for (const Row& one : rows_) value = std::max(value, one[column]);
@@ -47,6 +57,7 @@ class PlottedRows {
  private:
   std::span<const Row> rows_;
   Moment moment_;
+  Gap gap_;
   std::vector<std::uint32_t> order_;  // empty when the rows are in order
 };
 
@@ -57,7 +68,7 @@ class ColumnPlot : public PlotData {
       : rows_(std::move(rows)), column_(column) {}
   std::size_t size() const override { return rows_->size(); }
   double x(std::size_t index) const override { return rows_->moment(index); }
-  double y(std::size_t index) const override { return rows_->row(index)[column_]; }
+  double y(std::size_t index) const override { return rows_->value(index, column_); }
 
  private:
   std::shared_ptr<const PlottedRows<Columns>> rows_;

@@ -1,6 +1,7 @@
 #include "display/log_views.h"
 
 #include <algorithm>
+#include <cmath>
 #include <span>
 
 #include "display/column_plot.h"
@@ -200,8 +201,9 @@ void showGraph(Main& main, std::vector<Graph::Axis> axes, std::vector<Graph::Plo
     const PlotData& data = *seen->data;
     const auto plot = static_cast<std::size_t>(seen - plots.begin());
     const std::size_t last = data.size() - 1;
-    cursors = {{"Cursor-1", true, data.x(0), data.y(0), false, plot},
-               {"Cursor-2", true, data.x(last), data.y(last), false, plot}};
+    const auto value = [&data](std::size_t index) { return std::isnan(data.y(index)) ? 0 : data.y(index); };
+    cursors = {{"Cursor-1", true, data.x(0), value(0), false, plot},
+               {"Cursor-2", true, data.x(last), value(last), false, plot}};
   }
   graph.setX(Graph::XKind::Date, {});
   graph.setXRange({});

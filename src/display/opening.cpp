@@ -6,6 +6,7 @@
 #include "files/dat_file.h"
 #include "files/event_csv.h"
 #include "files/history_csv.h"
+#include "logs/chart_download.h"
 #include "logs/shown_log.h"
 #include "platform/read_file.h"
 #include "protocol/dict_text.h"
@@ -103,7 +104,7 @@ void openHistory(Main& main, const std::string& path) {
 
 void openChart(Main& main, const std::string& path) {
   forgetLogs(main);
-  main.logs.chartData = {};
+  forgetChart(main);
   const auto content = contentOf(main, path);
   if (!content) return;
   FileReading<LogTable<9>> reading = readChartCsv(*content, main.dict);

@@ -1,6 +1,9 @@
 #include "display/saving.h"
 
+#include "display/chart_page.h"
 #include "display/file_questions.h"
+#include "display/file_stamp.h"
+#include "display/unsaved_chart.h"
 #include "files/chart_csv.h"
 #include "files/dat_file.h"
 #include "files/event_csv.h"
@@ -39,18 +42,7 @@ Saved byRawBytes(const Logs& logs) {
 // The rows of a live chart end with the one that is being filled.
 std::span<const std::array<double, 9>> finishedRows(const Main& main) {
   const std::span<const std::array<double, 9>> rows = main.logs.chartData;
-  const bool recording = main.chart.vlnChartBtn.visible() && !rows.empty();
-  return recording ? rows.first(rows.size() - 1) : rows;
-}
-
-CalendarTime presentTime(const Main& main) {
-  return calendarOf(main.around.clock.now().local);
-}
-
-FileStamp stampOf(const Main& main) {
-  const Link& link = main.link;
-  return {presentTime(main), link.userID,       link.firmwareVersion,
-          link.chipID,       link.nominalVolts, link.modelLine};
+  return main.recording.live && !rows.empty() ? rows.first(rows.size() - 1) : rows;
 }
 
 struct Writer {
@@ -115,24 +107,34 @@ void tellFailure(Main& main, const std::string& reason) {
   main.around.dialogs.message(dictText(main, kKeySaveFailed), reason);
 }
 
+bool isChart(const Writer& writer) {
+  return writer.kind == FileKind::LiveChart || writer.kind == FileKind::InternalChart;
+}
+
 // A log of events is saved as a report under any name that is not a .csv file's.
 bool isReport(const Writer& writer, bool raw, const std::string& path) {
   return writer.kind == FileKind::Events && !raw && !equalIgnoringCase(lastOf(path, 3), "csv");
+}
+
+// A chart can still be saved when its link was lost while the question stood.
+bool canGoOn(const Main& main, const Stay& stay, const Writer& writer) {
+  return stay.stands() || (isChart(writer) && chartWasLeft(main));
 }
 
 void save(Main& main, const Writer& writer) {
   const Stay stay(main);
   const bool raw = wantsRaw(main, writer);
   const auto path = askForName(main, writer, raw ? kDatFilter : kCsvFilter);
-  if (!path || !stay.stands()) return;
+  if (!path || !canGoOn(main, stay, writer)) return;
   if (isReport(writer, raw, *path)) {
     return tellFailure(main, "Reports can't be written yet. Choose a name that ends in .csv.");
   }
-  if (!mayReplace(main, *path) || !stay.stands()) return;
+  if (!mayReplace(main, *path) || !canGoOn(main, stay, writer)) return;
   const std::string bytes =
       raw ? datFile(stampOf(main), writer.kind, main.logs.rawLogBuffer) : writer.csv(main);
   const SaveResult saved = saveFile(*path, bytes);
-  if (!saved) tellFailure(main, saveErrorText(saved));
+  if (!saved) return tellFailure(main, saveErrorText(saved));
+  if (!raw && isChart(writer)) chartSaved(main);
 }
 
 void toggleRaw(Main& main) {
@@ -160,6 +162,7 @@ Saved whatToSave(const Main& main) {
 void wireSaving(Main& main) {
   main.frame.saveBtn.onMouseUp = [&main](MouseButton mouse) {
     if (mouse == MouseButton::Right) return toggleRaw(main);
+    letChartGoOn(main);
     if (const Writer* writer = writerOf(whatToSave(main))) save(main, *writer);
   };
 }

@@ -39,6 +39,7 @@ FrameElements::FrameElements(ElementList& list)
       modelLbl(list, "modelLbl"),
       linkLbl(list, "linkLbl"),
       adviceLbl(list, "adviceLbl"),
+      noticeLbl(list, "noticeLbl"),
       COMlbl(list, "COMlbl", "1"),
       EUlbl(list, "EUlbl") {
   hide(saveBtn, expertBtn, findingsList, EUlbl, image998, image999, CWGraph2);

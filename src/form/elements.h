@@ -33,6 +33,7 @@ struct FrameElements {
   Label modelLbl;     // "Orvantis" or "Tessara" once connected
   Label linkLbl;      // the link's state in one line: port, model, firmware, ID, or why not
   Label adviceLbl;    // what to do about the last failure of the link; empty without one
+  Label noticeLbl;    // what else a person should know, such as where unsaved rows are; mostly empty
   Label COMlbl;       // the COM number in use
   Label EUlbl;        // energy date on the measurement page, battery on the setup page
 };

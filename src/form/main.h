@@ -14,6 +14,7 @@
 #include "form/logs.h"
 #include "form/pages.h"
 #include "form/readings.h"
+#include "form/recording.h"
 #include "form/surroundings.h"
 
 namespace zephon {
@@ -57,6 +58,7 @@ struct Main {
   PicImage picImage;
   Energy energy;
   Logs logs;
+  Recording recording;
   Config config;
   Findings findings;
   std::vector<std::string> dict;  // texts of the language by key

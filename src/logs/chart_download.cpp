@@ -108,10 +108,15 @@ bool download(Main& main, const Stay& stay) {
 
 }  // namespace
 
+void forgetChart(Main& main) {
+  main.logs.chartData = {};
+  main.recording.live = false;
+}
+
 bool getCMdata(Main& main) {
   const Stay stay(main);
   forgetLogs(main);
-  main.logs.chartData = {};
+  forgetChart(main);
   main.exchange.shortfall.clear();
   main.exchange.timedOut = false;
   return download(main, stay) || endWithoutLog(main, stay);

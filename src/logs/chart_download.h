@@ -12,4 +12,7 @@ namespace zephon {
 // came. All other logs go with the old chart, whatever happens.
 bool getCMdata(Main& main);
 
+// Empties chartData. A live chart that stood there ends with it.
+void forgetChart(Main& main);
+
 }  // namespace zephon

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "comm/mod_comm.h"
+#include "display/chart_page.h"
 #include "display/data_page.h"
 #include "display/outlets_page.h"
 #include "display/setup_page.h"
@@ -73,11 +74,16 @@ bool startOutlets(Main& main, const PageVisit& /*visit*/) {
   return true;
 }
 
+bool startChart(Main& main, const PageVisit& /*visit*/) {
+  startChartPage(main);
+  return true;
+}
+
 const PageRow kPages[] = {
     {Page::Measurement, &FrameElements::measBtn, &Pages::measuring, hideMeasurementPage, 200, true,
      readLimits, startPolling},
     {Page::Scope, &FrameElements::ScopeBtn, &Pages::scopeOn, hideScopePage, 100, true, nothing, nothing},
-    {Page::Chart, &FrameElements::ChartBtn, &Pages::chartOn, hideChartPage, 100, true, nothing, nothing},
+    {Page::Chart, &FrameElements::ChartBtn, &Pages::chartOn, hideChartPage, 100, true, nothing, startChart},
     {Page::Outlets, &FrameElements::outletsBtn, &Pages::outletsOn, hideOutletsPage, 100, true, nothing,
      startOutlets},
     {Page::Data, &FrameElements::dataBtn, &Pages::dataOn, hideDataPage, 100, false, nothing, readData},

@@ -2,7 +2,9 @@
 
 #include <initializer_list>
 
+#include "display/chart_page.h"
 #include "display/data_page.h"
+#include "display/unsaved_chart.h"
 #include "logs/shown_log.h"
 #include "shell/firmware_gates.h"
 
@@ -32,9 +34,10 @@ void scopePage(Main& main, bool on) {
 
 void chartPage(Main& main, bool on) {
   ChartElements& c = main.chart;
-  setVisible({&c.vlnChartBtn, &c.aChartBtn, &c.pChartBtn, &c.vngChartBtn, &c.fChartBtn, &c.pfChartBtn,
-              &c.cfChartBtn, &c.euChartBtn, &c.chartIntervalSlide},
-             on);
+  setVisible(
+      {&c.vlnChartBtn, &c.aChartBtn, &c.pChartBtn, &c.vngChartBtn, &c.fChartBtn, &c.pfChartBtn, &c.cfChartBtn,
+       &c.euChartBtn, &c.chartIntervalSlide, &main.frame.saveBtn, &main.frame.expertBtn},
+      on);
 }
 
 void setupPage(Main& main, bool on) {
@@ -140,7 +143,10 @@ void pageLayout(Main& main) {
   const Pages& pages = main.pages;
   if (pages.scopeOn || pages.chartOn) main.timers.Timer3.setEnabled(false);
   if (pages.scopeOn) scopePage(main, true);
-  if (pages.chartOn) chartPage(main, true);
+  if (pages.chartOn) {
+    chartPage(main, true);
+    main.frame.CWGraph2.setVisible(true);
+  }
   if (pages.setupOn) laySetup(main, gates);
   if (pages.measuring) layMeasurement(main, gates);
   if (pages.outletsOn) show({&main.outlets.oOnBtn, &main.outlets.oCycBtn, &main.outlets.oFltBtn});
@@ -159,7 +165,8 @@ void hideScopePage(Main& main) {
 void hideChartPage(Main& main) {
   main.pages.chartOn = false;
   main.timers.chartTimer.setEnabled(false);
-  chartPage(main, false);
+  clearChartPage(main);
+  chartPage(main, chartWasLeft(main));
 }
 
 void hideSetupPage(Main& main) {

@@ -4,6 +4,7 @@
 
 #include "comm/mod_comm.h"
 #include "display/link_status.h"
+#include "display/unsaved_chart.h"
 #include "protocol/exchange.h"
 #include "shell/configuration.h"
 #include "shell/connection.h"
@@ -28,6 +29,7 @@ Started formLoad(Main& main, const std::string& commandLine) {
   resetDisplays(main);
   main.frame.comBtn.setVisible(true);
   showLinkState(main);
+  tellUnsavedCharts(main);
   return Started::Form;
 }
 

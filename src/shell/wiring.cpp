@@ -1,5 +1,6 @@
 #include "shell/wiring.h"
 
+#include "display/chart_page.h"
 #include "display/data_page.h"
 #include "display/log_views.h"
 #include "display/measurement_page.h"
@@ -25,6 +26,7 @@ void wireMain(Main& main) {
   wireSetupPage(main, exits);    // also Timer2 and Timer3
   wireOutletsPage(main, exits);  // also outletTimer
   wireDataPage(main, exits);
+  wireChartPage(main, exits);  // also chartTimer
   wireLogViews(main);  // also the graph's cursors
   wireSaving(main);    // saveBtn
   wireExpert(main);    // expertBtn and findingsList

@@ -12,6 +12,7 @@ class Tool : public Bench {
   explicit Tool(const simulator::Profile& profile = {}, simulator::Options options = World::quiet())
       : device(loop, profile, options) {
     main.around.folders.config = settings / "";
+    main.around.folders.state = settings / "state";
     main.around.folders.program = ZEPHON_RESOURCES;
     line.attach(&device, 1);
     started = formLoad(main, "");
