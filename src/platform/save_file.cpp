@@ -1,7 +1,6 @@
 #include "platform/save_file.h"
 
 #include <fcntl.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -15,6 +14,7 @@
 #include <utility>
 
 #include "platform/error_text.h"
+#include "platform/file_size_signal.h"
 
 namespace zephon {
 namespace {
@@ -23,18 +23,6 @@ namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
 constexpr int kMostNames = 100;
-
-// A limit of the file size is an error to tell, not the end of the program.
-class FileSizeSignalOff {
- public:
-  FileSizeSignalOff() { before_ = ::signal(SIGXFSZ, SIG_IGN); }
-  FileSizeSignalOff(const FileSizeSignalOff&) = delete;
-  FileSizeSignalOff& operator=(const FileSizeSignalOff&) = delete;
-  ~FileSizeSignalOff() { ::signal(SIGXFSZ, before_); }
-
- private:
-  sighandler_t before_;
-};
 
 SaveResult failed(SaveStep step) {
   return {step, errno};
