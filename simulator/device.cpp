@@ -63,6 +63,7 @@ Device::Device(const Profile& profile, const Options& options)
       now_(-pastOf(options)),
       cycleEnd_(now_),
       lastEvent_(now_),
+      scope_(options.paced ? 10.0 / profile.baud() : 0.0),
       clock_(options.unixStart),
       energy_(now_) {
   switches.overloadShutdown = site_.manner().restartSeconds > 0;
@@ -264,6 +265,11 @@ void Device::clearHistory() {
 void Device::startChart() {
   chart.start(now_, clock());
   switches.chartMemory = chart.recording();
+}
+
+std::string Device::scopeBlock(const ScopeKind& kind) {
+  const SiteValues seen = values();
+  return scope_.block(kind, options_.waveform.value_or(waveformOf(seen)), seen, now_);
 }
 
 void Device::setClock(std::int64_t unixSeconds) {

@@ -16,6 +16,7 @@
 #include "simulator/memory_image.h"
 #include "simulator/options.h"
 #include "simulator/profile.h"
+#include "simulator/scope_sampler.h"
 #include "simulator/site.h"
 #include "simulator/zone.h"
 
@@ -76,6 +77,9 @@ class Device {
   void clearHistory();
   void startChart();
 
+  // What a scope command brings now, first line.
+  std::string scopeBlock(const ScopeKind& kind);
+
   // Outlets. The letters: '0' off, '1' on, 'C' cycling, 'V' off because the voltage lies or lay beyond a
   // shutdown point and is not back at the restore points, 'G' off for a neutral-to-ground fault, and whatever
   // fault was forced.
@@ -131,6 +135,7 @@ class Device {
   std::array<std::uint32_t, kEvents> counts_{};
   double lastEvent_;
 
+  ScopeSampler scope_;
   LogWriter writer_{events, history, chart};
   DeviceClock clock_;
   EnergyMeter energy_;

@@ -30,6 +30,12 @@ std::string signedFraction(double share, int bytes) {
   return text;
 }
 
+std::string twosComplement(double share, int bytes) {
+  const double all = std::ldexp(1.0, 8 * bytes);
+  const double whole = std::clamp(std::round(share * all), -all / 2, all / 2 - 1);
+  return bigEndian(whole < 0 ? whole + all : whole, bytes);
+}
+
 std::string fixedPoint8_24(double value) {
   return bigEndian(std::ldexp(value, 24), 4);
 }

@@ -14,6 +14,9 @@ std::string unsignedFraction(double share, int bytes);
 // complement of its magnitude: -0.25 is the complement of 0x40.
 std::string signedFraction(double share, int bytes = 1);
 
+// The same between -0.5 and just under 0.5 in two's complement; a share outside is held at the nearest end.
+std::string twosComplement(double share, int bytes);
+
 // An unsigned number with eight bits before the point and twenty-four after it, most significant byte first.
 std::string fixedPoint8_24(double value);
 

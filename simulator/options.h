@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 #include "simulator/story.h"
+#include "simulator/waveform.h"
 
 namespace zephon::simulator {
 
@@ -14,10 +16,11 @@ struct Options {
   double cycleSeconds = 10;
 
   std::uint64_t seed = 1;
-  std::int64_t unixStart = 1709649000;  // universal time at the loop's start: 2024-03-05 14:30:00
-  double pastSeconds = 0;               // how long the device has stood at the site already
-  Story site = Story::Lively;           // what kind of place it is
-  bool disturbances = true;             // off: the mains only wanders, nothing is ever counted
+  std::int64_t unixStart = 1709649000;    // universal time at the loop's start: 2024-03-05 14:30:00
+  double pastSeconds = 0;                 // how long the device has stood at the site already
+  Story site = Story::Lively;             // what kind of place it is
+  std::optional<Waveform> waveform = {};  // what the scope sees; the site's own without one
+  bool disturbances = true;               // off: the mains only wanders, nothing is ever counted
   double recordingHours =
       0;  // how long the chart memory has been recording at the loop's start; 0: it is off
 

@@ -97,6 +97,11 @@ Answer chartPage(Device& device, Data data) {
   return device.chart.page(asByte(data[0]) * 0x100 + asByte(data[1]));
 }
 
+template <const ScopeKind& kind>
+Answer scopeBlock(Device& device, Data) {
+  return device.scopeBlock(kind);
+}
+
 Answer setClock(Device& device, Data data) {
   const auto moment = clockFromBytes(data);
   if (!moment) return kRefused;
@@ -170,6 +175,10 @@ const std::array kCommands = std::to_array<Command>({
     {"gD", 0, R, "", "half-hour history, 110599 bytes",
      [](Device& d, Data) { return Answer(d.historyFrame()); }},
     {"g`", 2, R, "1.GB0", "chart memory, a page of 32770 bytes", chartPage},
+
+    {"gS", 0, R, "", "scope, voltage: mark and 256 samples", scopeBlock<kScopeVolts>},
+    {"gT", 0, R, "", "scope, current: mark and 256 samples", scopeBlock<kScopeAmps>},
+    {"gU", 0, R, "", "scope, both: mark and 256 samples", scopeBlock<kScopeBoth>},
 
     {"gH", 0, R, "", "under voltage shutdown point", readLimit<&L::uvco>},
     {"gI", 0, R, "", "under voltage record point", readLimit<&L::uvre>},

@@ -61,6 +61,40 @@ bool readSite(std::string_view text, Draft& draft) {
   return story.has_value();
 }
 
+bool readWaveform(std::string_view text, Draft& draft) {
+  draft.out.options.waveform = waveformNamed(text);
+  return draft.out.options.waveform.has_value();
+}
+
+struct HeldName {
+  std::string_view name;
+  std::optional<double> Held::*value;
+};
+constexpr std::array<HeldName, 7> kHeldNames = {{{"volts", &Held::volts},
+                                                 {"amps", &Held::amps},
+                                                 {"watts", &Held::watts},
+                                                 {"neutral", &Held::neutralGroundVolts},
+                                                 {"hertz", &Held::hertz},
+                                                 {"pf", &Held::powerFactor},
+                                                 {"crest", &Held::crestFactor}}};
+
+// "volts=118.5,amps=3"
+bool readHeld(std::string_view text, Draft& draft) {
+  while (!text.empty()) {
+    const std::string_view setting = text.substr(0, text.find(','));
+    text.remove_prefix(std::min(text.size(), setting.size() + 1));
+    const auto* row = std::find_if(kHeldNames.begin(), kHeldNames.end(), [setting](const HeldName& one) {
+      return setting.size() > one.name.size() && setting.starts_with(one.name) &&
+             setting[one.name.size()] == '=';
+    });
+    double value = 0;
+    if (row == kHeldNames.end() || !readNumber(setting.substr(row->name.size() + 1), -1.0, 100'000.0, value))
+      return false;
+    draft.out.held.*row->value = value;
+  }
+  return true;
+}
+
 bool readChartMemory(std::string_view text, Draft& draft) {
   draft.chartMemory = text == "2"   ? ChartFitted::FourPages
                       : text == "4" ? ChartFitted::TwelvePages
@@ -106,6 +140,12 @@ constexpr std::array kOptions = std::to_array<Option>({
      "lively (this is the default), healthy, sagging-feeder, overloaded-circuit, square-wave-ups or\n"
      "      growing-load",
      readSite},
+    {"--waveform", "NAME",
+     "what the scope sees: sine, switching-supply, phase-shifted, square-ups or sag; without it what the\n"
+     "      site has",
+     readWaveform},
+    {"--hold", "NAME=VALUE,...", "holds what the meters see: volts, amps, watts, neutral, hertz, pf, crest",
+     readHeld},
     {"--past", "DAYS", "how long the device has stood at the site, up to 200 (30)",
      [](std::string_view text, Draft& d) { return readNumber(text, 0.0, 200.0, d.pastDays); }},
     {"--chart-memory", "2|4|none", "4 pages, 12 pages (this is the default) or none", readChartMemory},

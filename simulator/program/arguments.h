@@ -8,6 +8,7 @@
 #include "simulator/fault.h"
 #include "simulator/options.h"
 #include "simulator/profile.h"
+#include "simulator/site.h"
 
 namespace zephon::simulator {
 
@@ -17,6 +18,7 @@ struct Arguments {
   Options options;
   std::vector<Fault> faults;
   char outletFault = 0;
+  Held held;  // what the meters are to show all the time
   std::string portsFolder;
   int port = 1;
   bool quiet = false;

@@ -64,6 +64,7 @@ int run(const Arguments& arguments) {
   Conditioner device(loop, arguments.profile, arguments.options);
   for (const Fault& fault : arguments.faults) device.addFault(fault);
   device.device().forceFault(arguments.outletFault);
+  device.hold(arguments.held);
   PortLink link;
   const std::string error = link.put(arguments.portsFolder, arguments.port, pty->path());
   if (!error.empty()) return complain(error, EXIT_FAILURE);

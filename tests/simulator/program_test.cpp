@@ -1,20 +1,10 @@
 // The simulator as a program, at the far end of a real pseudo-terminal.
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <spawn.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <filesystem>
-#include <thread>
 
-#include "platform/posix_serial.h"
-#include "support/temp_folder.h"
-
-extern char** environ;
+#include "support/running_simulator.h"
 
 namespace zephon {
 namespace {
@@ -22,65 +12,9 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::milliseconds;
 
-const std::string kProgram = ZEPHON_BUILD "/zephon-simulator";
-
-template <typename Condition>
-bool comesTrue(Condition condition) {
-  for (int i = 0; i < 500; ++i) {
-    if (condition()) return true;
-    std::this_thread::sleep_for(milliseconds(10));
-  }
-  return false;
-}
-
-// A running simulator with its link in a folder of its own.
-class Running {
- public:
-  explicit Running(std::vector<std::string> words) {
-    words.insert(words.begin(), {kProgram, "--quiet", "--ports", ports()});
-    std::vector<char*> argv;
-    for (std::string& word : words) argv.push_back(word.data());
-    argv.push_back(nullptr);
-    if (::posix_spawn(&pid_, kProgram.c_str(), nullptr, nullptr, argv.data(), environ) != 0) pid_ = 0;
-  }
-  ~Running() {
-    if (pid_ > 0) stop(SIGKILL);
-  }
-
-  std::string ports() const { return folder_ / "new/ports"; }
-  bool linked(const std::string& name = "COM1") const { return fs::is_symlink(fs::path(ports()) / name); }
-
-  // The exit status; -1 if it did not end by itself.
-  int stop(int signal) {
-    ::kill(pid_, signal);
-    int status = 0;
-    ::waitpid(pid_, &status, 0);
-    pid_ = 0;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-  }
-
-  // What the device says to a command over a port opened for it alone.
-  std::string ask(const std::string& command, std::size_t length, int baud,
-                  milliseconds patience = milliseconds(2000)) {
-    PosixSerial serial({ports()});
-    const SerialHandle port = serial.open("COM1");
-    std::uint32_t count = 0;
-    if (!serial.setState(port, {baud}) || !serial.purge(port) || !serial.write(port, command, count))
-      return "no port";
-    std::string reply;
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (reply.size() < length && std::chrono::steady_clock::now() < end) {
-      std::array<char, 1024> bytes{};
-      if (serial.read(port, bytes, count)) reply.append(bytes.data(), count);
-      std::this_thread::sleep_for(milliseconds(1));
-    }
-    return reply;
-  }
-
- private:
-  TempFolder folder_;
-  pid_t pid_ = 0;
-};
+using Running = testing_support::RunningSimulator;
+using testing_support::comesTrue;
+using testing_support::kSimulator;
 
 TEST(Program, ServesAPortThatIsOpenedManyTimes) {
   Running simulator({"--firmware", "1.JD1", "--name", "BENCH"});
@@ -123,18 +57,14 @@ TEST(Program, SecondLineAtFullSpeedWithFaults) {
 }
 
 TEST(Program, ABadCommandLineIsOneLineAndStatusTwo) {
-  const std::string bad[] = {"--loud",           "--port",
-                             "--port 0",         "--port 257",
-                             "--volts 208",      "--seed -1",
-                             "--seed x",         "--fault loud",
-                             "--firmware 12",    "--site-volts 0",
-                             "--past 201",       "--site moon",
-                             "--chart-memory 3", "--recording-hours -1",
-                             "--outlet-fault 1", "--firmware 12.34",
-                             "--ports ''",       ""};
+  const std::string bad[] = {
+      "--loud",       "--port",           "--port 0",         "--port 257",           "--volts 208",
+      "--seed -1",    "--seed x",         "--fault loud",     "--firmware 12",        "--site-volts 0",
+      "--past 201",   "--site moon",      "--chart-memory 3", "--recording-hours -1", "--waveform moon",
+      "--hold volts", "--outlet-fault 1", "--firmware 12.34", "--ports ''",           ""};
   TempFolder folder;
   for (const std::string& words : bad) {
-    const std::string command = "unset ZEPHON_PORTS; " + kProgram + " " + words + " >" + (folder / "out") +
+    const std::string command = "unset ZEPHON_PORTS; " + kSimulator + " " + words + " >" + (folder / "out") +
                                 " 2>" + (folder / "error");
     const int status = std::system(command.c_str());
     EXPECT_EQ(WEXITSTATUS(status), 2) << words;
@@ -147,7 +77,7 @@ TEST(Program, ABadCommandLineIsOneLineAndStatusTwo) {
 TEST(Program, LeavesAFileThatIsNoLinkAlone) {
   TempFolder folder;
   folder.put("COM1", "mine");
-  const std::string command = kProgram + " --ports " + (folder / "") + " 2>/dev/null";
+  const std::string command = kSimulator + " --ports " + (folder / "") + " 2>/dev/null";
   EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), 1);
   EXPECT_EQ(folder.get("COM1"), "mine");
 }
