@@ -11,6 +11,7 @@
 #include "platform/paths.h"
 #include "platform/save_file.h"
 #include "protocol/dict_text.h"
+#include "protocol/scope_samples.h"
 #include "protocol/stay.h"
 #include "text/strings.h"
 
@@ -45,11 +46,25 @@ std::span<const std::array<double, 9>> finishedRows(const Main& main) {
   return main.recording.live && !rows.empty() ? rows.first(rows.size() - 1) : rows;
 }
 
+// The picture as it was captured; what its next one will be is not for the file.
+ScopeCapture captureOf(const Main& main) {
+  const Capture& c = main.capture;
+  ScopeCapture capture{c.capturedMode, c.capturedXScale, c.ch1Scale, c.ch2Scale,
+                       c.ch3Scale,     c.scopeV,         c.scopeA,   c.scopeW};
+  if (const CaptureKind* kind = captureKind(c.capturedMode))
+    capture.samplePeriod = samplePeriodMs(*kind) / 1000;
+  return capture;
+}
+
 struct Writer {
   FileKind kind;
   bool hasRawForm;
   std::string (*csv)(const Main&);
 };
+
+std::string scopeAsCsv(const Main& main) {
+  return scopeCsv(stampOf(main), captureOf(main), main.dict);
+}
 
 std::string eventsAsCsv(const Main& main) {
   return eventCsv(stampOf(main), main.logs.tsData, main.dict);
@@ -64,12 +79,13 @@ std::string internalChartAsCsv(const Main& main) {
   return chartCsv(stampOf(main), finishedRows(main), FileKind::InternalChart, main.dict);
 }
 
+constexpr Writer kScopeWriter{FileKind::Scope, true, scopeAsCsv};
 constexpr Writer kEventWriter{FileKind::Events, true, eventsAsCsv};
 constexpr Writer kHistoryWriter{FileKind::History, true, historyAsCsv};
 constexpr Writer kLiveChartWriter{FileKind::LiveChart, false, liveChartAsCsv};
 constexpr Writer kInternalChartWriter{FileKind::InternalChart, true, internalChartAsCsv};
 
-// The scope and the report of the measurements have no writers yet.
+// The report of the measurements has no writer yet.
 const Writer* writerOf(Saved what) {
   switch (what) {
     case Saved::Events:
@@ -80,8 +96,9 @@ const Writer* writerOf(Saved what) {
       return &kLiveChartWriter;
     case Saved::InternalChart:
       return &kInternalChartWriter;
-    case Saved::Nothing:
     case Saved::Scope:
+      return &kScopeWriter;
+    case Saved::Nothing:
     case Saved::Report:
       break;
   }
@@ -90,6 +107,12 @@ const Writer* writerOf(Saved what) {
 
 bool wantsRaw(const Main& main, const Writer& writer) {
   return writer.hasRawForm && main.frame.saveBtn.caption() == kRaw && !main.logs.rawLogBuffer.empty();
+}
+
+std::string rawFile(const Main& main, const Writer& writer) {
+  const ScopeCapture capture = captureOf(main);
+  return datFile(stampOf(main), writer.kind, main.logs.rawLogBuffer,
+                 writer.kind == FileKind::Scope ? &capture : nullptr);
 }
 
 std::optional<std::string> askForName(Main& main, const Writer& writer, const FileFilter& filter) {
@@ -130,8 +153,7 @@ void save(Main& main, const Writer& writer) {
     return tellFailure(main, "Reports can't be written yet. Choose a name that ends in .csv.");
   }
   if (!mayReplace(main, *path) || !canGoOn(main, stay, writer)) return;
-  const std::string bytes =
-      raw ? datFile(stampOf(main), writer.kind, main.logs.rawLogBuffer) : writer.csv(main);
+  const std::string bytes = raw ? rawFile(main, writer) : writer.csv(main);
   const SaveResult saved = saveFile(*path, bytes);
   if (!saved) return tellFailure(main, saveErrorText(saved));
   if (!raw && isChart(writer)) chartSaved(main);

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "form/capture.h"
 #include "form/config.h"
 #include "form/counters.h"
 #include "form/elements.h"
@@ -22,8 +23,14 @@ namespace zephon {
 // The timers of the form beside the exchange's watchdog.
 struct FormTimers {
   explicit FormTimers(EventLoop& loop)
-      : measurementTimer(loop), chartTimer(loop), outletTimer(loop), Timer2(loop), Timer3(loop) {}
+      : measurementTimer(loop),
+        scopeTimer(loop),
+        chartTimer(loop),
+        outletTimer(loop),
+        Timer2(loop),
+        Timer3(loop) {}
   Timer measurementTimer;  // the poll
+  Timer scopeTimer;        // the scope's next capture
   Timer chartTimer;        // the live chart
   Timer outletTimer;       // outlet states
   Timer Timer2;            // puts back button captions
@@ -63,6 +70,8 @@ struct Main {
   Findings findings;
   std::vector<std::string> dict;  // texts of the language by key
   Pages pages;
+  FormSize formSize;
+  Capture capture;
   FormTimers timers;
 
   ElementList elements;

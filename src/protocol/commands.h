@@ -59,6 +59,13 @@ inline constexpr DeviceCommand kEventLog{"gE", 8196, 10'000, "time-stamped log"}
 inline constexpr DeviceCommand kHistory{"gD", 110'599, 60'000, "historical log"};
 inline constexpr DeviceCommand kChartPage{"g`", 32'770, 100, "then the page's two bytes"};
 
+// The scope: a mark of two characters and a block of 256 samples. Sent again while the block is on its way,
+// the command brings one more block right behind it, without a mark.
+inline constexpr double kScopeTimeout = 2000;
+inline constexpr DeviceCommand kScopeVolts{"gS", 2 + 256, kScopeTimeout, "VV, a byte a sample"};
+inline constexpr DeviceCommand kScopeAmps{"gT", 2 + 512, kScopeTimeout, "AA, two bytes a sample"};
+inline constexpr DeviceCommand kScopeBoth{"gU", 2 + 768, kScopeTimeout, "VA, a byte and two bytes a sample"};
+
 // Limits, one byte each, on a 120 V basis whatever the rating.
 inline constexpr DeviceCommand kUVco{"gH", 1, kDecimalTimeout, "under voltage shutdown"};
 inline constexpr DeviceCommand kUVre{"gI", 1, kDecimalTimeout, "under voltage record"};

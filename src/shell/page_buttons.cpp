@@ -6,6 +6,7 @@
 #include "display/chart_page.h"
 #include "display/data_page.h"
 #include "display/outlets_page.h"
+#include "display/scope_page.h"
 #include "display/setup_page.h"
 #include "protocol/exchange.h"
 #include "protocol/thresholds.h"
@@ -74,6 +75,10 @@ bool startOutlets(Main& main, const PageVisit& /*visit*/) {
   return true;
 }
 
+bool startScope(Main& main, const PageVisit& /*visit*/) {
+  return startScopePage(main);
+}
+
 bool startChart(Main& main, const PageVisit& /*visit*/) {
   startChartPage(main);
   return true;
@@ -82,7 +87,7 @@ bool startChart(Main& main, const PageVisit& /*visit*/) {
 const PageRow kPages[] = {
     {Page::Measurement, &FrameElements::measBtn, &Pages::measuring, hideMeasurementPage, 200, true,
      readLimits, startPolling},
-    {Page::Scope, &FrameElements::ScopeBtn, &Pages::scopeOn, hideScopePage, 100, true, nothing, nothing},
+    {Page::Scope, &FrameElements::ScopeBtn, &Pages::scopeOn, hideScopePage, 100, true, nothing, startScope},
     {Page::Chart, &FrameElements::ChartBtn, &Pages::chartOn, hideChartPage, 100, true, nothing, startChart},
     {Page::Outlets, &FrameElements::outletsBtn, &Pages::outletsOn, hideOutletsPage, 100, true, nothing,
      startOutlets},
@@ -123,6 +128,13 @@ bool connected(Main& main, const PageRow& row, const PageVisit& visit) {
   return true;
 }
 
+// The second line has no scope: the button goes off, and can't be pressed for as long as that is the line.
+bool withoutScope(Main& main) {
+  pageLayout(main);
+  main.frame.ScopeBtn.setValue(false);
+  return true;
+}
+
 bool openPage(Main& main, const PageRow& row, const PageVisit& visit) {
   othersOff(main, row);
   wait(main, row.windDownMs);
@@ -130,6 +142,7 @@ bool openPage(Main& main, const PageRow& row, const PageVisit& visit) {
   if (row.page == Page::Measurement && main.link.connected) drain(main, 8192);
   if (main.link.connected && !settleLine(main)) return false;
   if (!connected(main, row, visit)) return false;
+  if (row.page == Page::Scope && main.link.modelLine == 1) return withoutScope(main);
   if (main.pages.scopeOn) {
     main.pages.scopeOn = false;
     wait(main, 10);

@@ -4,6 +4,7 @@
 
 #include "display/chart_page.h"
 #include "display/data_page.h"
+#include "display/scope_page.h"
 #include "display/unsaved_chart.h"
 #include "logs/shown_log.h"
 #include "shell/firmware_gates.h"
@@ -22,14 +23,6 @@ void show(Elements elements) {
 }
 void hide(Elements elements) {
   setVisible(elements, false);
-}
-
-void scopePage(Main& main, bool on) {
-  ScopeElements& s = main.scope;
-  setVisible({&s.CH1togBtn, &s.CH2togBtn, &s.CH3togBtn, &s.p1upBtn, &s.p1downBtn, &s.p2upBtn, &s.p2downBtn,
-              &s.p3upBtn, &s.p3downBtn, &s.XinBtn, &s.XoutBtn, &s.oneShotVbtn, &s.oneShotAbtn, &s.holdBtn,
-              &s.xTimeLbl},
-             on);
 }
 
 void chartPage(Main& main, bool on) {
@@ -142,7 +135,7 @@ void pageLayout(Main& main) {
   const FirmwareGates gates = firmwareGates(main.link);
   const Pages& pages = main.pages;
   if (pages.scopeOn || pages.chartOn) main.timers.Timer3.setEnabled(false);
-  if (pages.scopeOn) scopePage(main, true);
+  if (pages.scopeOn) layScopePage(main);
   if (pages.chartOn) {
     chartPage(main, true);
     main.frame.CWGraph2.setVisible(true);
@@ -159,7 +152,7 @@ void pageLayout(Main& main) {
 
 void hideScopePage(Main& main) {
   main.pages.scopeOn = false;
-  scopePage(main, false);
+  clearScopePage(main);
 }
 
 void hideChartPage(Main& main) {

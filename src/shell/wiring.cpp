@@ -6,6 +6,7 @@
 #include "display/measurement_page.h"
 #include "display/outlets_page.h"
 #include "display/saving.h"
+#include "display/scope_page.h"
 #include "display/setup_page.h"
 #include "expert/expert_button.h"
 #include "protocol/exchange.h"
@@ -27,9 +28,10 @@ void wireMain(Main& main) {
   wireOutletsPage(main, exits);  // also outletTimer
   wireDataPage(main, exits);
   wireChartPage(main, exits);  // also chartTimer
-  wireLogViews(main);  // also the graph's cursors
-  wireSaving(main);    // saveBtn
-  wireExpert(main);    // expertBtn and findingsList
+  wireScopePage(main, exits);  // also scopeTimer
+  wireLogViews(main);          // also the graph's cursors
+  wireSaving(main);            // saveBtn
+  wireExpert(main);            // expertBtn and findingsList
   main.timers.measurementTimer.onTick = [&main] { pollTick(main); };
   main.com.saveComBtn.onChange = [&main](bool pressed) {
     if (pressed) saveComNumber(main);

@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QResizeEvent>
 #include <QShortcut>
 #include <QStackedWidget>
 #include <algorithm>
@@ -67,6 +68,11 @@ void MainWindow::showPage() {
   const auto* const open = std::find_if(std::begin(kPages), std::end(kPages),
                                         [this](const PageDrawing& page) { return main_.pages.*page.flag; });
   pages_->setCurrentIndex(open == std::end(kPages) ? 0 : static_cast<int>(open - std::begin(kPages)) + 1);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  main_.formSize = {event->size().width(), event->size().height()};
+  QWidget::resizeEvent(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -28,6 +28,8 @@ class Monkey {
     if (auto* edit = dynamic_cast<NumEdit*>(&element)) edit->edit(static_cast<double>(below(320)));
     if (auto* date = dynamic_cast<DateEdit*>(&element)) date->edit(43000 + static_cast<double>(below(5000)));
     if (auto* text = dynamic_cast<TextBox*>(&element)) type(*text);
+    if (auto* graph = dynamic_cast<Graph*>(&element)) dragLevel(*graph);
+    if (below(50) == 0) tool_.main.formSize.width = static_cast<int>(below(2000));
     if (auto* list = dynamic_cast<Combo*>(&element))
       list->choose(static_cast<int>(below(list->items().size() + 1)) - 1);
   }
@@ -37,9 +39,9 @@ class Monkey {
   }
 
   Fault fault() {
-    constexpr FaultKind kinds[] = {FaultKind::Silent,  FaultKind::Short,  FaultKind::Stray,
-                                   FaultKind::Late,    FaultKind::Refuse, FaultKind::Cut,
-                                   FaultKind::Garbage, FaultKind::Doubled};
+    constexpr FaultKind kinds[] = {
+        FaultKind::Silent, FaultKind::Short,   FaultKind::Stray,   FaultKind::Late,  FaultKind::Refuse,
+        FaultKind::Cut,    FaultKind::Garbage, FaultKind::Doubled, FaultKind::Stall, FaultKind::Corrupt};
     return {.kind = kinds[below(std::size(kinds))], .commands = 1 + static_cast<int>(below(6))};
   }
 
@@ -49,6 +51,11 @@ class Monkey {
 
  private:
   MouseButton mouse() { return below(5) == 0 ? MouseButton::Right : MouseButton::Left; }
+  void dragLevel(Graph& graph) {
+    if (!graph.visible() || graph.cursors().empty()) return;
+    const double level = static_cast<double>(below(800)) - 400;
+    graph.dropCursor(0, level, level, graph.cursors()[0].plot, {});
+  }
   void type(TextBox& text) {
     text.click();
     text.type(std::string(below(12), static_cast<char>('!' + below(90))));
@@ -101,6 +108,7 @@ TEST_P(MonkeyTest, NothingIsAmissAfterTenThousandActions) {
   tool.press(f.measBtn);  // and it still works
   tool.run(20'000);
   EXPECT_TRUE(tool.main.pages.measuring);
+  EXPECT_EQ(tool.main.capture.capturedMode != 0, GetParam().line == Line::Orvantis);
   formUnload(tool.main);
 }
 

@@ -24,7 +24,8 @@ class Tool : public Bench {
   bool idle() const {
     const FormTimers& t = main.timers;
     return !port().open && !main.link.connected && !main.exchange.Timer1.enabled() &&
-           !t.measurementTimer.enabled() && !t.outletTimer.enabled() && !t.chartTimer.enabled();
+           !t.measurementTimer.enabled() && !t.outletTimer.enabled() && !t.chartTimer.enabled() &&
+           !t.scopeTimer.enabled();
   }
 
   TempFolder settings;
