@@ -6,6 +6,7 @@
 #include "platform/paths.h"
 #include "platform/poll_loop.h"
 #include "platform/posix_serial.h"
+#include "platform/usb_cables.h"
 #include "platform/wall_clock.h"
 #include "shell/console_dialogs.h"
 #include "shell/start.h"
@@ -26,10 +27,13 @@ std::string commandLineOf(int argc, char** argv) {
 
 Folders systemFolders() {
   Folders folders;
-  folders.program = programFolder();
-  folders.config = canWrite(folders.program) ? folders.program : configFolder();
+  const std::string program = programFolder();
+  folders.program = resourceFolder(program);
+  const bool installed = folders.program != program;
+  folders.config = !installed && canWrite(program) ? program : configFolder();
   folders.state = stateFolder();
   folders.desktop = desktopFolder();
+  folders.usbSerial = kUsbSerialFolder;
   return folders;
 }
 

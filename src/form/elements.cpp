@@ -145,11 +145,15 @@ OutletElements::OutletElements(ElementList& list)
 ComElements::ComElements(ElementList& list)
     : comNumEdit(list, "comNumEdit", 1, {1, 255, 1}),
       saveComBtn(list, "saveComBtn", kMomentary),
-      detectComBtn(list, "detectComBtn", kMomentary),
+      detectComBtn(list, "detectComBtn"),
       configComBtn(list, "configComBtn", kMomentary),
+      searchProgSlide(list, "searchProgSlide", {0, 256, 64, 16}),
+      portFoundLbl(list, "portFoundLbl"),
+      cableLbl(list, "cableLbl"),
       langCombo(list, "langCombo"),
       langLbl(list, "langLbl") {
-  hide(comNumEdit, saveComBtn, detectComBtn, configComBtn, langCombo, langLbl);
+  hide(comNumEdit, saveComBtn, detectComBtn, configComBtn, searchProgSlide, portFoundLbl, cableLbl);
+  hide(langCombo, langLbl);
 }
 
 DataElements::DataElements(ElementList& list)

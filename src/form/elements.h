@@ -76,6 +76,9 @@ struct ComElements {
   explicit ComElements(ElementList& list);
   NumEdit comNumEdit;
   Button saveComBtn, detectComBtn, configComBtn;
+  Slider searchProgSlide;  // how many of the COM numbers have been searched
+  Label portFoundLbl;      // what the search has found, or where it is
+  Label cableLbl;          // the USB cables and their settings, a line each
   Combo langCombo;
   Label langLbl;
 };

@@ -32,9 +32,10 @@ struct PortTable {
 struct Link {
   PortTable table;
   std::int16_t commPort = 1;      // COM number and port id
-  int lossesTold = 0;            // how often the user was told that the link is lost
+  int lossesTold = 0;             // how often the user was told that the link is lost
   bool openFailed = false;        // the last attempt ended at the port itself, and the user has been told
-  bool identified = false;       // connectSub went through: identity and rating are this device's
+  bool searching = false;         // the ports are being searched for a conditioner
+  bool identified = false;        // connectSub went through: identity and rating are this device's
   bool connected = false;         // the link is up and the device is identified
   std::int16_t modelLine = 0;     // 0 Orvantis, 1 Tessara; survives a disconnect
   std::string firmwareVersion;    // "1.KD1" on the first line, "1*14" on the second

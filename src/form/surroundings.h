@@ -11,10 +11,11 @@ namespace zephon {
 
 // The folders that the tool reads and writes, each without a separator at its end.
 struct Folders {
-  std::string program;  // dictionaries, fonts, pictures
-  std::string config;   // config.txt: the program's folder or, where that can't be written, the user's
-  std::string state;    // journals of unsaved recordings
-  std::string desktop;  // where file dialogs start; empty for none
+  std::string program;         // dictionaries, fonts, pictures
+  std::string config;          // config.txt: the program's folder or, where that can't be written, the user's
+  std::string state;           // journals of unsaved recordings
+  std::string desktop;         // where file dialogs start; empty for none
+  std::string usbSerial = {};  // where the system lists its USB-to-serial cables; empty: none are known
 };
 
 // What the tool asks of the world around it.

@@ -78,6 +78,12 @@ std::string programFolder() {
   return error ? "" : program.parent_path().string();
 }
 
+std::string resourceFolder(const std::string& program) {
+  const std::filesystem::path path(program);
+  std::string shared = (path.parent_path() / "share/zephon").string();
+  return path.filename() == "bin" && isFolder(shared) ? shared : program;
+}
+
 std::string configFolder() {
   return ownFolder(userFolder("XDG_CONFIG_HOME", "/.config"));
 }

@@ -9,6 +9,10 @@ namespace zephon {
 // Where the running program lies; empty if the system doesn't tell.
 std::string programFolder();
 
+// Where a program that lies in `program` has its dictionaries, fonts and pictures. Of an installed one, which
+// lies in a "bin", that is share/zephon beside it; otherwise it is the program's own folder.
+std::string resourceFolder(const std::string& program);
+
 // The user's own folders for this program, which need not exist yet: $XDG_CONFIG_HOME, $XDG_STATE_HOME and
 // $XDG_DATA_HOME, or where those name no absolute path ~/.config, ~/.local/state and ~/.local/share; then
 // "/zephon". Empty for a user without a home.

@@ -35,13 +35,6 @@ void setModemLines(Main& main, bool on) {
   CommSetLine(portOf(main), main.link.commPort, kLineDtr, on);
 }
 
-bool openPort(Main& main) {
-  CommFlush(portOf(main), main.link.commPort);
-  if (CommOpen(portOf(main), main.link.commPort, portName(main), settings(main)) != 0) return false;
-  setModemLines(main, true);
-  return true;
-}
-
 void closePort(Main& main) {
   setModemLines(main, false);
   CommClose(portOf(main), main.link.commPort);
@@ -128,12 +121,19 @@ void zeroPointers(Slider& slider, std::size_t from) {
 
 }  // namespace
 
+bool openPort(Main& main) {
+  CommFlush(portOf(main), main.link.commPort);
+  if (CommOpen(portOf(main), main.link.commPort, portName(main), settings(main)) != 0) return false;
+  setModemLines(main, true);
+  return true;
+}
+
 bool connectSub(Main& main) {
   const PageVisit visit = main.pages.wanted;
   main.link.openFailed = main.link.identified = false;
   resetDisplays(main);
   if (main.config.checkComSettings && !checkCOMsettings(main)) {
-    main.around.dialogs.message(dictText(main, kKeyCheckCable));
+    main.around.dialogs.message(dictText(main, kKeyCheckCable), std::exchange(main.exchange.shortfall, {}));
     if (!stands(main, visit)) return false;
   }
   main.link.commPort = toInt16(numberAtStart(main.frame.COMlbl.caption())).value_or(1);

@@ -21,6 +21,10 @@ void errorSub(Main& main);
 // A save failed.
 void saveErrorSub(Main& main);
 
+// Opens the port of link.commPort at the speed of the model line assumed, and raises its modem lines. False
+// leaves the reason in the table's lastCommError.
+bool openPort(Main& main);
+
 // Closes the port that an abandoned or failed attempt left open.
 void closeHalfOpen(Main& main);
 

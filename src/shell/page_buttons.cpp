@@ -10,10 +10,10 @@
 #include "display/setup_page.h"
 #include "protocol/exchange.h"
 #include "protocol/thresholds.h"
+#include "shell/com_page.h"
 #include "shell/connection.h"
 #include "shell/page_layout.h"
 #include "shell/visit.h"
-#include "text/number.h"
 
 namespace zephon {
 namespace {
@@ -179,13 +179,14 @@ void comOn(Main& main) {
   for (const PageRow& row : kPages) (main.frame.*row.button).setValue(false);
   if (!stands(main, visit)) return;
   clearFlags(main.pages);
-  main.com.comNumEdit.setValue(numberAtStart(main.frame.COMlbl.caption()));
+  showComPage(main);
   main.pages.comOn = true;
   pageLayout(main);
 }
 
 void comOff(Main& main) {
   endVisit(main, Page::Com);
+  leaveComPage(main);
   hideComPage(main);
 }
 

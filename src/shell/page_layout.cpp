@@ -146,7 +146,7 @@ void pageLayout(Main& main) {
   if (pages.dataOn) layDataPage(main, gates.internalChart);
   if (pages.comOn) {
     show({&main.com.comNumEdit, &main.com.saveComBtn, &main.com.detectComBtn, &main.com.configComBtn,
-          &main.com.langCombo, &main.com.langLbl});
+          &main.com.portFoundLbl, &main.com.cableLbl, &main.com.langCombo, &main.com.langLbl});
   }
 }
 
@@ -190,7 +190,8 @@ void hideDataPage(Main& main) {
 
 void hideComPage(Main& main) {
   main.pages.comOn = false;
-  hide({&main.com.comNumEdit, &main.com.saveComBtn, &main.com.detectComBtn, &main.com.configComBtn});
+  hide({&main.com.comNumEdit, &main.com.saveComBtn, &main.com.detectComBtn, &main.com.configComBtn,
+        &main.com.portFoundLbl, &main.com.cableLbl});
   if (!main.pages.setupOn) hide({&main.com.langCombo, &main.com.langLbl});
 }
 

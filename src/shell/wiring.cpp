@@ -10,7 +10,7 @@
 #include "display/setup_page.h"
 #include "expert/expert_button.h"
 #include "protocol/exchange.h"
-#include "shell/configuration.h"
+#include "shell/com_page.h"
 #include "shell/connection.h"
 #include "shell/dictionary.h"
 #include "shell/help.h"
@@ -32,16 +32,12 @@ void wireMain(Main& main) {
   wireLogViews(main);          // also the graph's cursors
   wireSaving(main);            // saveBtn
   wireExpert(main);            // expertBtn and findingsList
+  wireComPage(main);   // saveComBtn, detectComBtn, configComBtn
   main.timers.measurementTimer.onTick = [&main] { pollTick(main); };
-  main.com.saveComBtn.onChange = [&main](bool pressed) {
-    if (pressed) saveComNumber(main);
-  };
   main.com.langCombo.onClick = [&main] { chooseLanguage(main); };
   main.frame.helpBtn.onChange = [&main](bool on) {
     if (on) showHelp(main);
   };
-  // Nothing answers these yet.
-  for (Button* button : {&main.com.detectComBtn, &main.com.configComBtn}) button->setEnabled(false);
 }
 
 }  // namespace zephon

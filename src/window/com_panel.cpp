@@ -1,5 +1,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QProgressBar>
 #include <QVBoxLayout>
 
 #include "window/bindings.h"
@@ -13,6 +14,13 @@ namespace zephon {
 namespace {
 
 constexpr int kCardWidth = 460;
+
+QLabel* drawWrapped(Label& element, QWidget* parent) {
+  QLabel* label = draw(element, parent);
+  label->setWordWrap(true);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return label;
+}
 
 QWidget* portCard(Main& main, QWidget* parent) {
   ComElements& page = main.com;
@@ -33,6 +41,15 @@ QWidget* portCard(Main& main, QWidget* parent) {
   card->column()->addLayout(entry);
 
   card->column()->addWidget(draw(page.detectComBtn, words::kDetectPort, card));
+  card->column()->addWidget(drawProgress(page.searchProgSlide, words::kProgress, card));
+  card->column()->addWidget(drawWrapped(page.portFoundLbl, card));
+  return card;
+}
+
+QWidget* cableCard(ComElements& page, QWidget* parent) {
+  auto* card = new Card(words::kConfigurePort, {&page.cableLbl}, parent);
+  card->setMaximumWidth(kCardWidth);
+  card->column()->addWidget(drawWrapped(page.cableLbl, card));
   card->column()->addWidget(draw(page.configComBtn, words::kConfigurePort, card));
   return card;
 }
@@ -56,6 +73,7 @@ QWidget* comPanel(Main& main, QWidget* parent) {
   column->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
   column->setSpacing(kPageGap);
   column->addWidget(portCard(main, made.content));
+  column->addWidget(cableCard(main.com, made.content));
   column->addWidget(languageCard(main.com, made.content));
   column->addStretch(1);
   return made.page;

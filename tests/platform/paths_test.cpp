@@ -60,6 +60,17 @@ TEST(Paths, DesktopIsTheNamedOneThatStands) {
   EXPECT_EQ(desktopFolder(), folder / "Mein $Tisch");
 }
 
+TEST(Paths, AnInstalledProgramHasItsResourcesInShare) {
+  TempFolder folder;
+  for (const char* made : {"usr/bin", "usr/share", "build"}) fs::create_directories(folder / made);
+  EXPECT_EQ(resourceFolder(folder / "usr/bin"), folder / "usr/bin");
+  fs::create_directory(folder / "usr/share/zephon");
+  fs::create_directories(folder / "share/zephon");
+  EXPECT_EQ(resourceFolder(folder / "usr/bin"), folder / "usr/share/zephon");
+  EXPECT_EQ(resourceFolder(folder / "build"), folder / "build");
+  EXPECT_EQ(resourceFolder(""), "");
+}
+
 TEST(Paths, FileExistsIsTrueForWhatIsNoFolder) {
   TempFolder folder;
   const std::string file = folder.put("file", "");
