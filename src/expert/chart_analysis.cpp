@@ -45,6 +45,16 @@ bool measuresNeutral(const LoggedDevice& device) {
   return device.nominalVolts == 120 && (isFirstLine(device) || device.firmwareVersion >= "2.00");
 }
 
+Rule onFirstLine(Rule rule) {
+  rule.applies = isFirstLine;
+  return rule;
+}
+
+Rule ifNeutralIsMeasured(Rule rule) {
+  rule.applies = measuresNeutral;
+  return rule;
+}
+
 // Steady use takes the place of a moderate one.
 Question moderate(const Tests& steadyUse, const Tests& moderateUse) {
   return both(shareBelow(0.8, steadyUse), shareAbove(0.8, moderateUse));
@@ -88,26 +98,26 @@ Seen squareWave(const Pass& pass) {
 
 const std::vector<Rule>& chartRules() {
   static const std::vector<Rule> rules = {
-      {{{steady(kHighVolts), {11}}, {both(recurring(kHighVolts), shareAbove(0.01, kHighVolts)), {12, 13}}}},
-      {{{steady(kOutage), {19}}, {both(recurring(kOutage), shareAbove(0.01, kLowOutage)), {22, 13}}}},
-      {{{rising(kVolts), {35, 13}}, {falling(kVolts), {16, 13}}}},
-      {{{steady(kSag), {32}}}},
+      {{steady(kHighVolts), {11}}, {both(recurring(kHighVolts), shareAbove(0.01, kHighVolts)), {12, 13}}},
+      {{steady(kOutage), {19}}, {both(recurring(kOutage), shareAbove(0.01, kLowOutage)), {22, 13}}},
+      {{rising(kVolts), {35, 13}}, {falling(kVolts), {16, 13}}},
+      {{steady(kSag), {32}}},
 
-      {{{any(kHighAmpsGoodVolts), {3, 38, 29}}, {any(kHighAmpsLowVolts), {22, 17, 28}}}, isFirstLine},
-      {{{shareAbove(0.8, kSteadyAmps), {39}}, {moderate(kSteadyAmps, kModerateAmps), {40}}}, isFirstLine},
-      {{{rising(kAmps), {30, 4, 31}}, {falling(kAmps), {5, 37, 41}}}, isFirstLine},
+      onFirstLine({{any(kHighAmpsGoodVolts), {3, 38, 29}}, {any(kHighAmpsLowVolts), {22, 17, 28}}}),
+      onFirstLine({{shareAbove(0.8, kSteadyAmps), {39}}, {moderate(kSteadyAmps, kModerateAmps), {40}}}),
+      onFirstLine({{rising(kAmps), {30, 4, 31}}, {falling(kAmps), {5, 37, 41}}}),
 
-      {{{any(kHighWattsGoodVolts), {3, 38, 29}}, {any(kHighWattsLowVolts), {22, 17, 28}}}, isFirstLine},
-      {{{shareAbove(0.8, kSteadyWatts), {39}}, {moderate(kSteadyWatts, kModerateWatts), {40}}}, isFirstLine},
-      {{{rising(kWatts), {30, 36, 4, 31}}, {falling(kWatts), {5, 37, 41}}}, isFirstLine},
+      onFirstLine({{any(kHighWattsGoodVolts), {3, 38, 29}}, {any(kHighWattsLowVolts), {22, 17, 28}}}),
+      onFirstLine({{shareAbove(0.8, kSteadyWatts), {39}}, {moderate(kSteadyWatts, kModerateWatts), {40}}}),
+      onFirstLine({{rising(kWatts), {30, 36, 4, 31}}, {falling(kWatts), {5, 37, 41}}}),
 
-      {{{often(kHighNeutral), {42, 22, 43}}, {seldom(kHighNeutral), {44, 45}}}, measuresNeutral},
-      {{{meanAbove(2.0, kNeutralVolts), {22, 42, 45, 43}}}, measuresNeutral},
+      ifNeutralIsMeasured({{often(kHighNeutral), {42, 22, 43}}, {seldom(kHighNeutral), {44, 45}}}),
+      ifNeutralIsMeasured({{meanAbove(2.0, kNeutralVolts), {22, 42, 45, 43}}}),
 
-      {{{offFrequency, {46, 55}}}, isFirstLine},
-      {{{squareWave, {47}}}, isFirstLine},
-      {{{often(kFlatCrest), {48, 17}}, {seldom(kFlatCrest), {49, 17}}}, isFirstLine},
-      {{{often(kPeakedCrest), {50, 51}}, {seldom(kPeakedCrest), {52, 51}}}, isFirstLine},
+      onFirstLine({{offFrequency, {46, 55}}}),
+      onFirstLine({{squareWave, {47}}}),
+      onFirstLine({{often(kFlatCrest), {48, 17}}, {seldom(kFlatCrest), {49, 17}}}),
+      onFirstLine({{often(kPeakedCrest), {50, 51}}, {seldom(kPeakedCrest), {52, 51}}}),
   };
   return rules;
 }

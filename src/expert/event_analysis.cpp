@@ -60,11 +60,11 @@ Rule family(Codes codes, const Family& raises) {
   const auto irregular = [](const Pass& pass, Codes c) { return !areRegular(pass, c); };
   const auto lasting = [](const Pass& pass, Codes c) { return !areRegular(pass, c) && !areFading(pass, c); };
   const auto fading = [](const Pass& pass, Codes c) { return !areRegular(pass, c) && areFading(pass, c); };
-  return {{{events(codes, 1, always), raises.seen},
-           {events(codes, kFewest, areRegular), raises.regular},
-           {events(codes, 1, irregular), raises.irregular},
-           {events(codes, kFewest, lasting), raises.lasting},
-           {events(codes, kFewest, fading), raises.fading}}};
+  return {{events(codes, 1, always), raises.seen},
+          {events(codes, kFewest, areRegular), raises.regular},
+          {events(codes, 1, irregular), raises.irregular},
+          {events(codes, kFewest, lasting), raises.lasting},
+          {events(codes, kFewest, fading), raises.fading}};
 }
 
 Seen overloadsCounted(const Pass& pass) {
@@ -87,7 +87,7 @@ const std::vector<Rule>& eventRules() {
       family(kOverload, {.regular = {0, 1, 2}, .irregular = {3}, .lasting = {4}, .fading = {5, 0}}),
       family(kSurge, {.regular = {0, 6}, .lasting = {7, 8}, .fading = {5, 9, 10}}),
       family(kOverVoltage, {.seen = {12, 13}, .regular = {11}, .lasting = {12, 13}, .fading = {14}}),
-      {{{overloadsCounted, {12, 13}}}},
+      {{overloadsCounted, {12, 13}}},
       family(kUnderVoltage, {.regular = {15}, .lasting = {16, 17, 13}, .fading = {14, 18}}),
       family(kOutage, {.regular = {19}, .lasting = {20, 21, 22}, .fading = {14}}),
       family(kEndOfUnderVoltageRecord, {.seen = {23}}),

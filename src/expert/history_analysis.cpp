@@ -34,27 +34,27 @@ const Tests kLowAverage = {atMost(kAvgVolts, ofLine(1.05)), below(kAvgVolts, ofL
 
 const std::vector<Rule>& historyRules() {
   static const std::vector<Rule> rules = {
-      {{{any(kHighAmpsGoodVolts), {3, 29}}, {any(kHighAmpsLowVolts), {22, 17, 28}}}},
-      {{{any(kPeakAmpsLowVolts), {22, 17, 28}}}},
-      {{{rising(kMaxAmps), {30, 4, 31}}, {falling(kMaxAmps), {5, 9, 14}}}},
+      {{any(kHighAmpsGoodVolts), {3, 29}}, {any(kHighAmpsLowVolts), {22, 17, 28}}},
+      {{any(kPeakAmpsLowVolts), {22, 17, 28}}},
+      {{rising(kMaxAmps), {30, 4, 31}}, {falling(kMaxAmps), {5, 9, 14}}},
 
-      {{{steadyAndFrequent(kOutage), {19}}}},
-      {{{atRegularTimes(kMinVolts, kVoltageMinimums), {32, 54}}}},
-      {{{rising(kMinVolts), {14, 18}}, {falling(kMinVolts), {16, 17, 13}}}},
-      {{{shareAbove(0.05, kLowMinimum), {33, 22, 17, 13}}}},
+      {{steadyAndFrequent(kOutage), {19}}},
+      {{atRegularTimes(kMinVolts, kVoltageMinimums), {32, 54}}},
+      {{rising(kMinVolts), {14, 18}}, {falling(kMinVolts), {16, 17, 13}}},
+      {{shareAbove(0.05, kLowMinimum), {33, 22, 17, 13}}},
 
-      {{{steadyAndFrequent(kHighMaximum), {11}}}},
-      {{{rising(kMaxVolts), {12, 13}}, {falling(kMaxVolts), {14}}}},
-      {{{shareAbove(0.05, kHighMaximum), {34, 12, 13, 11}}}},
+      {{steadyAndFrequent(kHighMaximum), {11}}},
+      {{rising(kMaxVolts), {12, 13}}, {falling(kMaxVolts), {14}}},
+      {{shareAbove(0.05, kHighMaximum), {34, 12, 13, 11}}},
 
-      {{{rising(kAvgVolts), {35, 13, 14}}, {falling(kAvgVolts), {16, 13}}}},
-      {{{shareAbove(0.01, kHighAverage), {12, 13}}}},
-      {{{shareAbove(0.01, kLowAverage), {22, 13}}}},
+      {{rising(kAvgVolts), {35, 13, 14}}, {falling(kAvgVolts), {16, 13}}},
+      {{shareAbove(0.01, kHighAverage), {12, 13}}},
+      {{shareAbove(0.01, kLowAverage), {22, 13}}},
 
-      {{{any(kHighWattsGoodVolts), {3, 29}}, {any(kHighWattsLowVolts), {22, 17, 28}}}},
-      {{{rising(kMaxWatts), {30, 4, 31}}, {falling(kMaxWatts), {5, 9, 14}}}},
-      {{{atRegularTimes(kAvgWatts, kPowerPeaks), {53}}}},
-      {{{rising(kAvgWatts), {36, 30, 4, 31}}, {falling(kAvgWatts), {37, 18, 9}}}},
+      {{any(kHighWattsGoodVolts), {3, 29}}, {any(kHighWattsLowVolts), {22, 17, 28}}},
+      {{rising(kMaxWatts), {30, 4, 31}}, {falling(kMaxWatts), {5, 9, 14}}},
+      {{atRegularTimes(kAvgWatts, kPowerPeaks), {53}}},
+      {{rising(kAvgWatts), {36, 30, 4, 31}}, {falling(kAvgWatts), {37, 18, 9}}},
   };
   return rules;
 }

@@ -16,7 +16,7 @@ namespace zephon {
 std::optional<std::int16_t> guessedVolts(const LogView& log, std::size_t column, std::int16_t nominalVolts);
 
 // The question to the user, who is shown the guess as the answer.
-inline const std::string kVoltageTitle = "Nominal Voltage";
+inline constexpr char kVoltageTitle[] = "Nominal Voltage";
 std::string voltageQuestion(std::int16_t guessed);
 
 // The voltage after the question. The answer counts by the number at its start, cut to a whole one; without a

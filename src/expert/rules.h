@@ -2,6 +2,7 @@
 
 #include <array>
 #include <functional>
+#include <initializer_list>
 #include <map>
 #include <optional>
 #include <string>
@@ -54,6 +55,7 @@ struct Outcome {
 };
 
 struct Rule {
+  Rule(std::initializer_list<Outcome> all) : outcomes(all) {}
   std::vector<Outcome> outcomes;
   bool (*applies)(const LoggedDevice&) = nullptr;  // to every device, if none is given
 };
