@@ -26,6 +26,9 @@ std::string spoilt(std::string text, std::mt19937& random) {
   return text;
 }
 
+const std::string kPicture(
+    "\xFF\xD8\xFF\xE0\0\x10JFIF\0\1\1\1\0\x48\0\x48\0\0\xFF\xC0\0\x0B\x08\0\x14\0\x28\1\1\x11\0\xFF\xD9", 35);
+
 struct Target {
   const char* name;
   void (*run)(std::string_view);
@@ -44,14 +47,17 @@ std::vector<Target> targets() {
   const auto eventRows = *decodeEventFrame(events, 120, kWest);
   const auto historyRows = *decodeHistoryFrame(history, 120, kWest);
   const auto chartRows = decodeChartMemory(chart, kWest).rows;
-  return {{"event frame", eventFrameTarget, events.substr(0, 200), 1500},
-          {"history frame", historyFrameTarget, history.substr(0, 300), 300},
-          {"chart stream", chartStreamTarget, chart, 1500},
-          {"event csv", eventCsvTarget, eventCsv(kStamp, eventRows, dict), 1500},
-          {"history csv", historyCsvTarget, historyCsv(kStamp, historyRows, dict), 1500},
-          {"chart csv", chartCsvTarget, chartCsv(kStamp, chartRows, FileKind::LiveChart, dict), 1500},
-          {"event dat", eventDatTarget, datFile(kStamp, FileKind::Events, events), 500},
-          {"history dat", historyDatTarget, datFile(kStamp, FileKind::History, history), 50}};
+  return {
+      {"event frame", eventFrameTarget, events.substr(0, 200), 1500},
+      {"history frame", historyFrameTarget, history.substr(0, 300), 300},
+      {"chart stream", chartStreamTarget, chart, 1500},
+      {"event csv", eventCsvTarget, eventCsv(kStamp, eventRows, dict), 1500},
+      {"history csv", historyCsvTarget, historyCsv(kStamp, historyRows, dict), 1500},
+      {"chart csv", chartCsvTarget, chartCsv(kStamp, chartRows, FileKind::LiveChart, dict), 1500},
+      {"event dat", eventDatTarget, datFile(kStamp, FileKind::Events, events), 500},
+      {"history dat", historyDatTarget, datFile(kStamp, FileKind::History, history), 50},
+      {"font metrics", fontMetricsTarget, "StartCharMetrics 2\nC 65 ; WX 500 ; N A ;\nC -1 ; WX 1 ;\n", 1500},
+      {"picture", jpegHeaderTarget, kPicture, 1500}};
 }
 
 TEST(AnyBytes, endInATableOrAFault) {

@@ -12,6 +12,8 @@
 #include "logs/event_tree.h"
 #include "logs/history_log.h"
 #include "logs/history_tree.h"
+#include "pdf/font_metrics.h"
+#include "pdf/jpeg_header.h"
 #include "protocol/event_codes.h"
 #include "support/log_bytes.h"
 
@@ -172,6 +174,27 @@ inline void historyDatTarget(std::string_view bytes) {
   };
   read(bytes);
   read(std::string(bytes) + datFile(kStamp, FileKind::History, filled("", kHistoryFrameBytes)));
+}
+
+// The file as it is, and the same bytes where widths, or segments, are looked for.
+inline void fontMetricsTarget(std::string_view bytes) {
+  std::string every;
+  for (int code = 0; code < 256; ++code) every += static_cast<char>(code);
+  for (const std::string& file : {std::string(bytes), "StartCharMetrics\n" + std::string(bytes)}) {
+    const FontMetrics metrics = parseFontMetrics(file);
+    for (const int width : metrics.widths) require(std::abs(width) <= 32767, "a width within its range");
+    require(metrics.widths[0] == 0 && std::abs(stringWidth(metrics, every, 1)) <= 32.767 * 256,
+            "a text's width");
+  }
+}
+
+inline void jpegHeaderTarget(std::string_view bytes) {
+  for (const std::string& file : {std::string(bytes), "\xFF\xD8" + std::string(bytes) + "\xFF\xD9"}) {
+    const JpegHeader header = readJpegHeader(file);
+    const bool whole = header.width > 0 && header.width <= 65535 && header.height > 0 &&
+                       header.height <= 65535 && header.colourSpace.starts_with("Device");
+    require(header ? whole : header.width == 0 && header.height == 0, "a picture with its size, or none");
+  }
 }
 
 }  // namespace zephon::fuzzing
