@@ -29,7 +29,7 @@ void LarkPDF::PDFCell(std::string_view text, double x, double y, double width, d
     addCellLine(lines[i], box, alignment_ == "FJ" && i + 1 < lines.size());
   }
   content_ << "%FIN_CELL/%" << kCrLf;
-  border_ = "0";
+  border_.assign(1, '0');
   x_ = x;
   y_ = y + height * static_cast<double>(lines.size());
 }
