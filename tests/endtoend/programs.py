@@ -83,9 +83,13 @@ class Zephon:
 
     def __init__(self):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="zephon-program-"))
-        shutil.copy2(BUILD / "zephon", self.folder)
+        self.programs, self.resources = self.lay_out()
+        shutil.copy2(BUILD / "zephon", self.programs)
         for dictionary in BUILD.glob("*.dictionary"):
-            shutil.copy2(dictionary, self.folder)
+            shutil.copy2(dictionary, self.resources)
+
+    def lay_out(self):
+        return self.folder, self.folder
 
     def remove(self):
         shutil.rmtree(self.folder)
@@ -101,7 +105,7 @@ class Zephon:
             **(environment or {}),
         }
         return subprocess.Popen(
-            [self.folder / "zephon", *arguments],
+            [self.programs / "zephon", *arguments],
             stdout=subprocess.PIPE,
             stderr=subprocess.PIPE,
             encoding="utf-8",
@@ -119,6 +123,16 @@ class Zephon:
     @property
     def exported(self):
         return self.folder / "export.csv"
+
+
+class InstalledZephon(Zephon):
+    """The tool as a package lays it out."""
+
+    def lay_out(self):
+        programs, resources = self.folder / "bin", self.folder / "share" / "zephon"
+        programs.mkdir()
+        resources.mkdir(parents=True)
+        return programs, resources
 
 
 class Ended:

@@ -12,7 +12,7 @@ import termios
 import time
 import unittest
 
-from programs import Simulator, Zephon, finish, wait_until
+from programs import InstalledZephon, Simulator, Zephon, finish, wait_until
 
 VOLTS = "Line Voltage"
 FIRST_LINE_COUNTS = {
@@ -208,6 +208,17 @@ class TheProgram(unittest.TestCase):
             ended = self.zephon.export("-m", ports=device.folder)
         self.assertEqual(ended.status, 0, ended.errors)
         self.assertEqual(ended.heading["ID"], "ZEPHON SIM")
+
+    def test_an_installed_one_has_the_configuration_of_its_user(self):
+        installed = InstalledZephon()
+        self.addCleanup(installed.remove)
+        own = installed.folder / ".config" / "zephon"
+        own.mkdir(parents=True)
+        for folder, number in ((installed.programs, 5), (installed.resources, 6), (own, 7)):
+            (folder / "config.txt").write_text(f"{number}\t;COM Port\nFalse\t;\nFalse\t;\nEN\t;\n")
+        with Simulator("--port", "7") as device:
+            ended = installed.export("-m", ports=device.folder)
+        self.assertEqual(ended.status, 0, ended.errors)
 
     def test_it_says_that_its_texts_are_missing(self):
         (self.zephon.folder / "EN.dictionary").unlink()
