@@ -87,7 +87,6 @@ TEST_F(PortAdvice, ForbiddenNodeTellsOwnerGroupModeAndWhatToDo) {
 
 TEST_F(PortAdvice, OtherErrorsOfANodeThatStands) {
   expectAdvice(device_, EIO, "no device answers");
-  expectAdvice(device_, ENOTTY, "is no serial port");
   expectAdvice(device_, ENOENT, "is there now: try again");
   expectAdvice(device_, EMFILE, "could not be opened: Too many open files.");
   expectAdvice("", ENOENT, "no port name");

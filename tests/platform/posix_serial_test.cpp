@@ -38,8 +38,7 @@ class PosixSerialTest : public testing::Test {
     EXPECT_TRUE(serial_.setState(handle, kFast)) << serial_.errorText(serial_.lastError());
     return handle;
   }
-  // Everything that the far end hears until nothing comes for a while: the system passes bytes on in its own
-  // time.
+  // Everything that the far end hears until nothing comes for a while.
   std::string heard() {
     std::string all;
     char buffer[4096];
@@ -95,13 +94,11 @@ TEST_F(PosixSerialTest, SettingsReachTheTerminal) {
   ASSERT_EQ(::tcgetattr(far_, &seen), 0);
   EXPECT_EQ(::cfgetospeed(&seen), static_cast<speed_t>(B115200));
   EXPECT_EQ(seen.c_cflag & (CSIZE | PARENB | CSTOPB | CRTSCTS), static_cast<tcflag_t>(CS8));
-  LineState state;
-  ASSERT_TRUE(serial_.getState(handle, state));
-  EXPECT_EQ(state, kFast);
-  EXPECT_FALSE(serial_.setState(handle, {12345, 'N', 8, 1}));  // no such speed
-  EXPECT_EQ(serial_.lastError(), EINVAL);
-  EXPECT_FALSE(serial_.setState(handle, {9600, 'E', 8, 1}));  // a pseudo-terminal has no parity
-  EXPECT_EQ(serial_.lastError(), EINVAL);
+  // There is no such speed, and a pseudo-terminal has no parity.
+  for (const LineState& refused : {LineState{12345, 'N', 8, 1}, LineState{9600, 'E', 8, 1}}) {
+    EXPECT_FALSE(serial_.setState(handle, refused));
+    EXPECT_EQ(serial_.lastError(), EINVAL);
+  }
 }
 
 TEST_F(PosixSerialTest, OneOwnerUntilItCloses) {
@@ -111,10 +108,8 @@ TEST_F(PosixSerialTest, OneOwnerUntilItCloses) {
     EXPECT_EQ(second->open("COM3"), kInvalidHandle);
     EXPECT_EQ(second->lastError(), EBUSY);
   }
-  EXPECT_EQ(other.errorText(EBUSY), "Device or resource busy");
   EXPECT_TRUE(serial_.close(handle));
-  const SerialHandle next = other.open("COM3");
-  EXPECT_NE(next, kInvalidHandle);
+  EXPECT_NE(other.open("COM3"), kInvalidHandle);
 }
 
 TEST_F(PosixSerialTest, StaleAndZeroHandlesReachNothing) {

@@ -41,21 +41,15 @@ int entriesIn(const std::string& folder) {
 }
 
 TEST(SaveFile, AnyFailureBeforeTheEndKeepsTheOldFileAlone) {
-  const struct {
-    SaveStep step;
-    int nth;
-    int error;
-  } cases[] = {{SaveStep::Create, 1, EACCES}, {SaveStep::Mode, 1, EPERM}, {SaveStep::Write, 1, ENOSPC},
-               {SaveStep::Write, 3, ENOSPC},  {SaveStep::Sync, 1, EIO},   {SaveStep::Close, 1, EDQUOT},
-               {SaveStep::Rename, 1, EROFS}};
-  for (const auto& one : cases) {
+  const std::tuple<SaveStep, int, int> cases[] = {{SaveStep::Create, 1, EACCES}, {SaveStep::Mode, 1, EPERM},
+                                                  {SaveStep::Write, 1, ENOSPC},  {SaveStep::Write, 3, ENOSPC},
+                                                  {SaveStep::Sync, 1, EIO},      {SaveStep::Close, 1, EDQUOT},
+                                                  {SaveStep::Rename, 1, EROFS}};
+  for (const auto& [step, nth, error] : cases) {
     TempFolder folder;
     folder.put("data.csv", "old");
-    const SaveResult result =
-        saveFile(folder / "data.csv", "new bytes", failing(one.step, one.nth, one.error));
-    EXPECT_FALSE(result);
-    EXPECT_EQ(result.step, one.step);
-    EXPECT_EQ(result.error, one.error);
+    const SaveResult result = saveFile(folder / "data.csv", "new bytes", failing(step, nth, error));
+    EXPECT_TRUE(!result && result.step == step && result.error == error);
     EXPECT_EQ(folder.get("data.csv"), "old") << saveErrorText(result);
     EXPECT_EQ(entriesIn(folder / ""), 1) << saveErrorText(result);
   }
