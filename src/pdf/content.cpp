@@ -14,6 +14,8 @@ char* putEscaped(char* to, char c) {
   return to + 1;
 }
 
+constexpr std::size_t kSmallest = 512;
+
 std::string largeNumber(double value, int decimals) {
   const std::string zeros(static_cast<std::size_t>(decimals), '0');
   const std::string text = formatPicture(value, "###0." + zeros);
@@ -47,7 +49,7 @@ Content& Content::quoted(std::string_view bytes) {
 }
 
 void Content::grow(std::size_t bytes) {
-  room_.resize(std::max(2 * room_.size(), used_ + bytes));
+  room_.resize(std::max({kSmallest, 2 * room_.size(), used_ + bytes}));
 }
 
 }  // namespace zephon

@@ -32,9 +32,10 @@ bool FontTable::load(const std::string& folder) {
   std::vector<Font> found;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
-    const std::string file = entry->path().filename().string();
-    if (findIgnoringCase(entry->path().string(), ".afm") == std::string::npos) continue;
-    found.push_back({file.substr(0, file.size() - std::min(file.size(), kExtension)), {}});
+    const std::string& path = entry->path().native();
+    if (findIgnoringCase(path, ".afm") == std::string::npos) continue;
+    const std::string_view file = std::string_view(path).substr(path.rfind('/') + 1);
+    found.push_back({std::string(file.substr(0, file.size() - std::min(file.size(), kExtension))), {}});
   }
   if (found.empty()) return false;
   std::ranges::sort(found, {}, &Font::name);
