@@ -6,6 +6,7 @@
 #include "display/chart_table.h"
 #include "display/link_status.h"
 #include "display/live_chart.h"
+#include "logs/shown_log.h"
 #include "display/unsaved_chart.h"
 #include "protocol/day_serial.h"
 #include "protocol/dict_text.h"
@@ -182,15 +183,9 @@ void startChartPage(Main& main) {
 }
 
 void clearChartPage(Main& main) {
+  hideFindings(main);
   main.frame.CWGraph2.setUp({}, {}, {});
   main.frame.CWGraph2.setVisible(false);
-}
-
-void letChartGoOn(Main& main) {
-  if (!main.recording.ticking || !main.pages.chartOn) return;
-  ++main.recording.ticks;
-  main.recording.ticking = false;
-  main.timers.chartTimer.setEnabled(true);
 }
 
 }  // namespace zephon

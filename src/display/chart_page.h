@@ -18,8 +18,4 @@ void startChartPage(Main& main);
 // The page is left, or another one is laid out: takes away the graph.
 void clearChartPage(Main& main);
 
-// A box is about to be put before the user, perhaps in the middle of a tick, which could not go on before it
-// is closed: the tick is given up and the recording goes on with the next one.
-void letChartGoOn(Main& main);
-
 }  // namespace zephon

@@ -18,18 +18,22 @@ namespace zephon {
 namespace {
 
 constexpr std::size_t kKeyOpen = 132;
+constexpr std::size_t kKeyClear = 176;
 
 struct Log {
   const LogControls& controls;
   bool (*download)(Main&);
   const LogFile& file;
+  std::size_t nameKey;   // what the question before clearing calls it
+  bool (*clear)(Main&);  // on the device; the chart memory can't be
 };
-constexpr Log kLogs[] = {{kEventControls, getTSdata, kEventFile},
-                         {kHistoryControls, getHistData, kHistoryFile},
-                         {kChartControls, getCMdata, kChartFile}};
+constexpr Log kLogs[] = {{kEventControls, getTSdata, kEventFile, 145, setClrTSdata},
+                         {kHistoryControls, getHistData, kHistoryFile, 147, setClrHistData},
+                         {kChartControls, getCMdata, kChartFile, 155, nullptr}};
 
 std::string captionToOpen(const Main& main, const LogControls& controls) {
-  return dictText(main, kKeyOpen) + ' ' + dictText(main, controls.captionKey);
+  return filledText(dictText(main, words::kOpenLog),
+                    {dictText(main, kKeyOpen), dictText(main, controls.captionKey)});
 }
 
 void enableLogButtons(Main& main, bool on) {
@@ -79,14 +83,16 @@ void wireLog(Main& main, const PageExits& exits, const Log& log) {
 
 // The question names the log: what is cleared is gone from the device. A transfer that was cancelled may
 // still be coming in.
-void wireClear(Main& main, const PageExits& exits, Button& button, bool (*clear)(Main&)) {
-  button.onChange = [&main, exits, &button, clear](bool pressed) {
+void wireClear(Main& main, const PageExits& exits, const Log& log) {
+  (main.data.*log.controls.clear).onChange = [&main, exits, &log](bool pressed) {
     if (!pressed || !main.pages.dataPageActive) return;
     const Stay stay(main);
-    if (!main.around.dialogs.yesNo(button.tooltip() + '?')) return;
+    const std::string question = filledText(dictText(main, words::kAskClearLog),
+                                            {dictText(main, kKeyClear), dictText(main, log.nameKey)});
+    if (!main.around.dialogs.yesNo(question)) return;
     if (!stay.stands() || !main.pages.dataPageActive) return;
     enableLogButtons(main, false);
-    const bool good = settleLine(main) && clear(main);
+    const bool good = settleLine(main) && log.clear(main);
     if (!stay.stands()) return;
     if (!good) return exits.linkLost();
     enableLogButtons(main, true);
@@ -98,10 +104,10 @@ void wireClear(Main& main, const PageExits& exits, Button& button, bool (*clear)
 }  // namespace
 
 void wireDataPage(Main& main, const PageExits& exits) {
-  for (const Log& log : kLogs) wireLog(main, exits, log);
-  wireClear(main, exits, main.data.clrTsDataBtn, setClrTSdata);
-  wireClear(main, exits, main.data.clrHistDataBtn, setClrHistData);
-  main.data.cancelDataBtn.setTexts("Cancel");
+  for (const Log& log : kLogs) {
+    wireLog(main, exits, log);
+    if (log.clear) wireClear(main, exits, log);
+  }
   main.data.cancelDataBtn.onChange = [&main](bool pressed) {
     if (pressed) main.pages.dataPageActive = false;
   };

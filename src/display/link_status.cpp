@@ -1,6 +1,7 @@
 #include "display/link_status.h"
 
 #include "comm/mod_comm.h"
+#include "protocol/dict_text.h"
 
 namespace zephon {
 namespace {
@@ -18,35 +19,31 @@ std::string device(const Main& main) {
   const Link& link = main.link;
   const std::string model = link.modelLine == 0 ? "Orvantis PCS" : "Tessara PCS";
   const std::string volts = link.nominalVolts > 120 ? "208/240 V" : "120 V";
-  return model + "  " + volts + "  firmware " + link.firmwareVersion + "  chip " + link.chipID + "  ID " +
-         link.userID;
+  return model + "  " + volts + "  " + dictText(main, words::kFirmware) + ' ' + link.firmwareVersion + "  " +
+         dictText(main, words::kChip) + ' ' + link.chipID + "  ID " + link.userID;
 }
 
 struct LostLine {
   ExchangeFailure why;
-  const char* state;
-  const char* advice;
+  Word state;
+  Word advice;
 };
 
 constexpr LostLine kLostLines[] = {
-    {ExchangeFailure::TimedOut, "no answer from the conditioner",
-     "Check that the conditioner has power and that the cable is plugged in at both ends."},
-    {ExchangeFailure::ShortReply, "the answer broke off",
-     "Check the cable for a loose plug, and keep it away from power wiring."},
-    {ExchangeFailure::Refused, "the conditioner refused the request",
-     "Open the page again and repeat the step."},
-    {ExchangeFailure::Closed, "the port is gone",
-     "Check that the USB cable is still plugged in at the computer."},
+    {ExchangeFailure::TimedOut, words::kNoAnswer, words::kNoAnswerAdvice},
+    {ExchangeFailure::ShortReply, words::kAnswerBroke, words::kAnswerBrokeAdvice},
+    {ExchangeFailure::Refused, words::kRefused, words::kRefusedAdvice},
+    {ExchangeFailure::Closed, words::kPortGone, words::kPortGoneAdvice},
 };
 
 }  // namespace
 
 void showLinkState(Main& main) {
-  show(main, main.link.connected ? device(main) : "not connected", {});
+  show(main, main.link.connected ? device(main) : dictText(main, words::kNotConnected), {});
 }
 
 void showConnecting(Main& main) {
-  show(main, "connecting", {});
+  show(main, dictText(main, words::kConnecting), {});
 }
 
 void showLinkFailure(Main& main, const std::string& error, const std::string& advice) {
@@ -61,9 +58,9 @@ LostLink lostLink(const Main& main, ExchangeFailure why) {
     return lost;
   }
   for (const LostLine& line : kLostLines) {
-    if (line.why == why) return {line.state, line.advice};
+    if (line.why == why) return {dictText(main, line.state), dictText(main, line.advice)};
   }
-  return {"not connected", {}};
+  return {dictText(main, words::kNotConnected), {}};
 }
 
 void showLinkLost(Main& main, const LostLink& lost) {

@@ -1,15 +1,15 @@
 #include "display/saving.h"
 
-#include "display/chart_page.h"
 #include "display/file_questions.h"
 #include "display/file_stamp.h"
+#include "display/report_saving.h"
 #include "display/unsaved_chart.h"
 #include "files/chart_csv.h"
 #include "files/dat_file.h"
 #include "files/event_csv.h"
 #include "files/history_csv.h"
-#include "platform/paths.h"
 #include "platform/save_file.h"
+#include "protocol/asking.h"
 #include "protocol/dict_text.h"
 #include "protocol/scope_samples.h"
 #include "protocol/stay.h"
@@ -18,9 +18,6 @@
 namespace zephon {
 namespace {
 
-constexpr std::size_t kKeySaveFailed = 47;
-constexpr std::size_t kKeyReplace = 48;
-constexpr std::size_t kKeyExists = 49;
 constexpr std::size_t kKeySave = 189;
 constexpr char kRaw[] = "Raw";
 
@@ -85,7 +82,7 @@ constexpr Writer kHistoryWriter{FileKind::History, true, historyAsCsv};
 constexpr Writer kLiveChartWriter{FileKind::LiveChart, false, liveChartAsCsv};
 constexpr Writer kInternalChartWriter{FileKind::InternalChart, true, internalChartAsCsv};
 
-// The report of the measurements has no writer yet.
+// Reports have their own.
 const Writer* writerOf(Saved what) {
   switch (what) {
     case Saved::Events:
@@ -115,19 +112,17 @@ std::string rawFile(const Main& main, const Writer& writer) {
                  writer.kind == FileKind::Scope ? &capture : nullptr);
 }
 
-std::optional<std::string> askForName(Main& main, const Writer& writer, const FileFilter& filter) {
-  const std::string name = defaultFileName(writer.kind, '.' + filter.extension, main.dict, presentTime(main));
-  return main.around.dialogs.saveFile({firstFolder(main), name, {filter}});
+std::vector<FileFilter> filtersOf(const Writer& writer, bool raw) {
+  if (raw) return {kDatFilter};
+  if (writer.kind == FileKind::Events) return {kPdfFilter, kCsvFilter};
+  return {kCsvFilter};
 }
 
-bool mayReplace(Main& main, const std::string& path) {
-  if (!fileExists(path)) return true;
-  return main.around.dialogs.okCancel(dictText(main, kKeyExists) + ' ' + dictText(main, kKeyReplace),
-                                      dictText(main, kKeySave));
-}
-
-void tellFailure(Main& main, const std::string& reason) {
-  main.around.dialogs.message(dictText(main, kKeySaveFailed), reason);
+std::optional<std::string> askForName(Main& main, const Writer& writer,
+                                      const std::vector<FileFilter>& filters) {
+  const std::string name =
+      defaultFileName(writer.kind, '.' + filters.front().extension, main.dict, presentTime(main));
+  return main.around.dialogs.saveFile({firstFolder(main), name, filters});
 }
 
 bool isChart(const Writer& writer) {
@@ -147,15 +142,13 @@ bool canGoOn(const Main& main, const Stay& stay, const Writer& writer) {
 void save(Main& main, const Writer& writer) {
   const Stay stay(main);
   const bool raw = wantsRaw(main, writer);
-  const auto path = askForName(main, writer, raw ? kDatFilter : kCsvFilter);
+  const auto path = askForName(main, writer, filtersOf(writer, raw));
   if (!path || !canGoOn(main, stay, writer)) return;
-  if (isReport(writer, raw, *path)) {
-    return tellFailure(main, "Reports can't be written yet. Choose a name that ends in .csv.");
-  }
   if (!mayReplace(main, *path) || !canGoOn(main, stay, writer)) return;
+  if (isReport(writer, raw, *path)) return saveEventReport(main, *path);
   const std::string bytes = raw ? rawFile(main, writer) : writer.csv(main);
   const SaveResult saved = saveFile(*path, bytes);
-  if (!saved) return tellFailure(main, saveErrorText(saved));
+  if (!saved) return tellSaveFailure(main, saveErrorText(saved));
   if (!raw && isChart(writer)) chartSaved(main);
 }
 
@@ -178,14 +171,16 @@ Saved whatToSave(const Main& main) {
   if (logs.shown == ShownLog::Chart) return raw ? Saved::InternalChart : Saved::LiveChart;
   if (main.data.histDataBtn.visible()) return byRawBytes(logs);
   if (main.data.tsDataBtn.visible() && main.link.modelLine == 1) return Saved::Events;
-  return main.pages.measuring ? Saved::Report : Saved::Nothing;
+  return main.pages.measuring || main.pages.setupOn ? Saved::Report : Saved::Nothing;
 }
 
 void wireSaving(Main& main) {
   main.frame.saveBtn.onMouseUp = [&main](MouseButton mouse) {
     if (mouse == MouseButton::Right) return toggleRaw(main);
     letChartGoOn(main);
-    if (const Writer* writer = writerOf(whatToSave(main))) save(main, *writer);
+    const Saved what = whatToSave(main);
+    if (what == Saved::Report) return saveSetupReport(main);
+    if (const Writer* writer = writerOf(what)) save(main, *writer);
   };
 }
 

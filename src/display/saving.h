@@ -12,7 +12,7 @@ enum class Saved {
   Events,
   History,
   InternalChart,
-  Report,  // of the measurements
+  Report,  // of the settings
 };
 Saved whatToSave(const Main& main);
 

@@ -46,9 +46,13 @@ std::string fileTitle(FileKind kind, std::span<const std::string> dict) {
 
 std::string defaultFileName(FileKind kind, std::string_view extension, std::span<const std::string> dict,
                             const CalendarTime& now) {
-  std::string name = joined(textsOf(kind).name, dict) + ' ' + formatDate(now, "mm-dd-yyyy hh.mm.ss");
-  std::replace_if(name.begin(), name.end(), isForbidden, '-');
-  return name.append(extension);
+  return stampedFileName(joined(textsOf(kind).name, dict), extension, now);
+}
+
+std::string stampedFileName(std::string text, std::string_view extension, const CalendarTime& now) {
+  text += ' ' + formatDate(now, "mm-dd-yyyy hh.mm.ss");
+  std::replace_if(text.begin(), text.end(), isForbidden, '-');
+  return text.append(extension);
 }
 
 }  // namespace zephon

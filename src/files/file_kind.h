@@ -34,4 +34,7 @@ std::string fileTitle(FileKind kind, std::span<const std::string> dict);
 std::string defaultFileName(FileKind kind, std::string_view extension, std::span<const std::string> dict,
                             const CalendarTime& now);
 
+// The same for any text in front: the text, a blank, the date and time, the extension.
+std::string stampedFileName(std::string text, std::string_view extension, const CalendarTime& now);
+
 }  // namespace zephon

@@ -69,7 +69,7 @@ std::optional<std::string> ChartDownload::page(std::string_view address) {
     came = std::max(came, transfer.bytes.size());
     if (transfer.end != TransferEnd::Quiet || !prepareRetry()) break;
   }
-  main_.exchange.shortfall = shortfallText(stream_.size() + came, memory_.pages * kChartPageBytes);
+  main_.exchange.shortfall = shortfallText(main_, stream_.size() + came, memory_.pages * kChartPageBytes);
   return std::nullopt;
 }
 

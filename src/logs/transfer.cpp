@@ -181,7 +181,7 @@ std::optional<std::string> downloadFrame(Main& main, const LogControls& controls
   Transfer transfer = receive(main, wanted, {.watchdogMs = command.timeoutMs},
                               [&](std::size_t came) { shown.show(came, wanted); });
   if (transfer.end != TransferEnd::Whole) {
-    main.exchange.shortfall = shortfallText(transfer.bytes.size(), wanted);
+    main.exchange.shortfall = shortfallText(main, transfer.bytes.size(), wanted);
     return std::nullopt;
   }
   const Stay stay(main);
@@ -191,9 +191,9 @@ std::optional<std::string> downloadFrame(Main& main, const LogControls& controls
   return std::move(transfer.bytes);
 }
 
-std::string shortfallText(std::size_t came, std::size_t wanted) {
+std::string shortfallText(const Main& main, std::size_t came, std::size_t wanted) {
   if (came == 0 || came >= wanted) return {};
-  return std::to_string(came) + " of " + std::to_string(wanted) + " bytes came.";
+  return filledText(dictText(main, words::kBytesCame), {std::to_string(came), std::to_string(wanted)});
 }
 
 bool endWithoutLog(Main& main, const Stay& stay) {

@@ -92,7 +92,7 @@ std::optional<std::string> downloadFrame(Main& main, const LogControls& controls
                                          const DeviceCommand& command, std::size_t flagOffset);
 
 // The words of a shortfall: "8195 of 8196 bytes came.", none unless some came.
-std::string shortfallText(std::size_t came, std::size_t wanted);
+std::string shortfallText(const Main& main, std::size_t came, std::size_t wanted);
 
 // The end of a download without a log: what it returns. True when it was ended from outside, and, after a
 // message, when there is no connection any more; false for a lost link.

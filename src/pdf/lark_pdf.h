@@ -17,6 +17,7 @@
 #include "pdf/objects.h"
 #include "pdf/page_format.h"
 #include "pdf/pdf_host.h"
+#include "text/windows1252.h"
 
 namespace zephon {
 
@@ -42,12 +43,12 @@ class LarkPDF {
   void PDFInit();
   bool PDFLoadAfm(const std::string& folder);
 
-  void PDFTitle(std::string_view text);
-  void PDFAuthor(std::string_view text);
-  void PDFCreator(std::string_view text);
-  void PDFKeywords(std::string_view text);
-  void PDFSubject(std::string_view text);
-  void PDFProducer(std::string_view text);
+  void PDFTitle(std::string_view text) { info_.title = toWindows1252(text); }
+  void PDFAuthor(std::string_view text) { info_.author = toWindows1252(text); }
+  void PDFCreator(std::string_view text) { info_.creator = toWindows1252(text); }
+  void PDFKeywords(std::string_view text) { info_.keywords = toWindows1252(text); }
+  void PDFSubject(std::string_view text) { info_.subject = toWindows1252(text); }
+  void PDFProducer(std::string_view text) { info_.producer = toWindows1252(text); }
 
   // Opens the output. A name without "/" lies in the program's folder.
   bool PDFFileName(const std::string& name);
@@ -80,7 +81,7 @@ class LarkPDF {
   void PDFUseOutlines(bool use) { catalog_.outlines = use; }
   void PDFConfirm(bool confirm) { confirm_ = confirm; }
   void PDFView(bool view) { view_ = view; }
-  void PDFWatermark(std::string_view text);
+  void PDFWatermark(std::string_view text) { watermark_ = toWindows1252(text); }
   // A y of -1 is the current one.
   void PDFSetBookmark(std::string_view title, int level, double y);
 
@@ -167,6 +168,7 @@ class LarkPDF {
 
   // Settings and messages.
   void tell(std::string_view heading, const std::string& text) const;
+  void setSize(double width, double height);
   PageFormat& format();
   const PageFormat& format() const;
   bool isOpen() const { return state_ == State::Open; }
@@ -216,7 +218,7 @@ class LarkPDF {
   bool view_ = false;
   DocumentInfo info_;
   CatalogSettings catalog_;
-  std::string watermark_;
+  std::string watermark_;  // one byte a character, as the texts of `info_`
   std::vector<Bookmark> bookmarks_;
 
   PageFormat firstFormat_;          // of page 1, until it is open

@@ -1,7 +1,6 @@
 #include <algorithm>
 
 #include "pdf/lark_pdf.h"
-#include "text/windows1252.h"
 
 namespace zephon {
 namespace {

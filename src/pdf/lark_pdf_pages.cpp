@@ -2,7 +2,6 @@
 
 #include "pdf/lark_pdf.h"
 #include "text/date_picture.h"
-#include "text/windows1252.h"
 
 namespace zephon {
 namespace {
@@ -23,15 +22,17 @@ std::size_t streamLength(std::size_t pageText) {
 constexpr std::int16_t kWatermarkSize = 50;
 constexpr double kWatermarkAngle = 45;
 
-bool hasFolder(const std::string& name) {
-  return name.find('/') != std::string::npos;
+// A name without a folder lies in the program's.
+std::string placed(const std::string& name, const std::string& programFolder) {
+  const bool hasFolder = name.find('/') != std::string::npos;
+  return hasFolder || programFolder.empty() ? name : programFolder + "/" + name;
 }
 
 }  // namespace
 
 bool LarkPDF::PDFFileName(const std::string& name) {
   if (state_ != State::New) return false;
-  fileName_ = hasFolder(name) ? name : host_.programFolder + "/" + name;
+  fileName_ = placed(name, host_.programFolder);
   const SaveResult result = file_.open(fileName_);
   if (!result)
     tell("File - ", "Cannot write " + fileName_ + "." + std::string(kCrLf) + saveErrorText(result));
@@ -97,12 +98,11 @@ void LarkPDF::drawWatermark() {
   style_.underline = false;
   style_.rotation = kWatermarkAngle;
   PDFSetTextColor({255, 192, 203});
-  const std::string bytes = toWindows1252(watermark_);
   const PageFormat& page = pages_.back().format;
-  const double width = widthOf(bytes);
+  const double width = widthOf(watermark_);
   const double y = (std::sin(kWatermarkAngle) * width + page.height) / 2.15;
   const double x = (page.width - std::cos(kWatermarkAngle) * width) / 2.75;
-  addText(behind_, bytes, {leftMargin_ * scale_ + x, page.height - y});
+  addText(behind_, watermark_, {leftMargin_ * scale_ + x, page.height - y});
   style_ = before;
 }
 

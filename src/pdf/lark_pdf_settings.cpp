@@ -3,7 +3,6 @@
 
 #include "pdf/lark_pdf.h"
 #include "text/picture.h"
-#include "text/windows1252.h"
 
 namespace zephon {
 namespace {
@@ -61,28 +60,6 @@ void LarkPDF::tell(std::string_view heading, const std::string& text) const {
   if (host_.message) host_.message(std::string(kName) + std::string(heading), text);
 }
 
-void LarkPDF::PDFTitle(std::string_view text) {
-  info_.title = toWindows1252(text);
-}
-void LarkPDF::PDFAuthor(std::string_view text) {
-  info_.author = toWindows1252(text);
-}
-void LarkPDF::PDFCreator(std::string_view text) {
-  info_.creator = toWindows1252(text);
-}
-void LarkPDF::PDFKeywords(std::string_view text) {
-  info_.keywords = toWindows1252(text);
-}
-void LarkPDF::PDFSubject(std::string_view text) {
-  info_.subject = toWindows1252(text);
-}
-void LarkPDF::PDFProducer(std::string_view text) {
-  info_.producer = toWindows1252(text);
-}
-void LarkPDF::PDFWatermark(std::string_view text) {
-  watermark_ = text;
-}
-
 void LarkPDF::PDFSetUnit(int unit) {
   if (!isOneOf(unit, std::size(kUnits))) {
     tell("Error in measurement unit - ",
@@ -115,16 +92,29 @@ void LarkPDF::PDFFormatPage(int number) {
   format() = laid(kFormats[number], format().orientation);
 }
 
-void LarkPDF::PDFFormatPage(const std::array<double, 2>& size) {
-  const bool good = std::ranges::all_of(size, [](double side) { return std::isfinite(side) && side > 0; });
-  if (good) {
-    format() = laid({size[0], size[1], 'p'}, format().orientation);
+// In points, as the page lies.
+void LarkPDF::setSize(double width, double height) {
+  const auto isLength = [](double side) { return std::isfinite(side) && side > 0; };
+  if (isLength(width) && isLength(height)) {
+    format().width = width;
+    format().height = height;
     return;
   }
-  tell("Format Page - ",
-       fault("Format page set incorrectly : ", shortestText(size[0]) + " " + shortestText(size[1]),
-             "Format page set to A4."));
+  tell("Format Page - ", fault("Format page set incorrectly : ",
+                               shortestText(width) + " " + shortestText(height), "Format page set to A4."));
   PDFFormatPage(0);
+}
+
+void LarkPDF::PDFFormatPage(const std::array<double, 2>& size) {
+  const bool landscape = format().orientation == 'l';
+  setSize(size[landscape ? 1 : 0], size[landscape ? 0 : 1]);
+}
+
+void LarkPDF::PDFPageWidth(double width) {
+  setSize(width * scale_, format().height);
+}
+void LarkPDF::PDFPageHeight(double height) {
+  setSize(format().width, height * scale_);
 }
 
 void LarkPDF::PDFOrientation(int orientation) {
@@ -137,13 +127,6 @@ void LarkPDF::PDFOrientation(int orientation) {
   const char letter = orientation == 0 ? 'l' : 'p';
   if (page.orientation != letter) std::swap(page.width, page.height);
   page = {std::nearbyint(page.width), std::nearbyint(page.height), letter};
-}
-
-void LarkPDF::PDFPageWidth(double width) {
-  format().width = width * scale_;
-}
-void LarkPDF::PDFPageHeight(double height) {
-  format().height = height * scale_;
 }
 
 void LarkPDF::PDFSetZoomMode(double mode) {

@@ -3,7 +3,6 @@
 
 #include "pdf/byte_words.h"
 #include "pdf/lark_pdf.h"
-#include "text/windows1252.h"
 
 namespace zephon {
 namespace {

@@ -5,8 +5,9 @@ namespace {
 
 class WatchdogRest {
  public:
-  explicit WatchdogRest(Timer& watchdog) : watchdog_(watchdog), ran_(watchdog.enabled()) {
+  explicit WatchdogRest(Main& main) : watchdog_(main.exchange.Timer1), ran_(watchdog_.enabled()) {
     watchdog_.setEnabled(false);
+    letChartGoOn(main);
   }
   ~WatchdogRest() {
     if (ran_) watchdog_.setEnabled(true);
@@ -22,19 +23,31 @@ class WatchdogRest {
 }  // namespace
 
 void tell(Main& main, const std::string& text, const std::string& advice) {
-  const WatchdogRest rest(main.exchange.Timer1);
+  const WatchdogRest rest(main);
   main.around.dialogs.message(text, advice);
 }
 
+void tellTitled(Main& main, const std::string& title, const std::string& text) {
+  const WatchdogRest rest(main);
+  main.around.dialogs.titledMessage(title, text);
+}
+
 bool askYesNo(Main& main, const std::string& question) {
-  const WatchdogRest rest(main.exchange.Timer1);
+  const WatchdogRest rest(main);
   return main.around.dialogs.yesNo(question);
 }
 
 std::optional<std::string> askText(Main& main, const std::string& title, const std::string& text,
                                    const std::string& answer) {
-  const WatchdogRest rest(main.exchange.Timer1);
+  const WatchdogRest rest(main);
   return main.around.dialogs.prompt(title, text, answer);
+}
+
+void letChartGoOn(Main& main) {
+  if (!main.recording.ticking || !main.pages.chartOn) return;
+  ++main.recording.ticks;
+  main.recording.ticking = false;
+  main.timers.chartTimer.setEnabled(true);
 }
 
 }  // namespace zephon

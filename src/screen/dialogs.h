@@ -28,6 +28,8 @@ class Dialogs {
 
   // `advice` is one line beside the message that says what to do; empty for none.
   virtual void message(const std::string& text, const std::string& advice = {}) = 0;
+  // A message under a title of its own.
+  virtual void titledMessage(const std::string& title, const std::string& text) { message(text, title); }
   virtual bool yesNo(const std::string& question) = 0;
   // OK and Cancel.
   virtual bool okCancel(const std::string& question, const std::string& title) = 0;
@@ -36,6 +38,8 @@ class Dialogs {
                                             const std::string& answer) = 0;
   virtual std::optional<std::string> openFile(const FileQuestion& question) = 0;
   virtual std::optional<std::string> saveFile(const FileQuestion& question) = 0;
+  // Opens a finished file in the desktop's viewer; false where there is none.
+  virtual bool openInViewer(const std::string& /*path*/) { return false; }
 };
 
 }  // namespace zephon

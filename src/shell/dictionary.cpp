@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "display/link_status.h"
 #include "protocol/asking.h"
 #include "protocol/options.h"
 #include "shell/configuration.h"
@@ -41,6 +42,13 @@ void fillLanguageList(Main& main) {
   list.setEnabled(true);
 }
 
+// The link's line, once there is one. Why a link failed stays as it was told.
+void showLinkInWords(Main& main) {
+  const FrameElements& f = main.frame;
+  const bool failed = main.link.openFailed || !f.adviceLbl.caption().empty();
+  if (!failed && !f.linkLbl.caption().empty()) showLinkState(main);
+}
+
 // The texts of the findings, which the analyses complete with what they find.
 void fillFindingTexts(Main& main) {
   for (std::size_t i = 0; i < kFindingSlots; ++i)
@@ -59,6 +67,7 @@ std::string loadDictionary(Main& main) {
   fillLanguageList(main);
   showTexts(main);
   if (main.pages.setupOn) showOptionTexts(main);
+  showLinkInWords(main);
   fillFindingTexts(main);
   return {};
 }

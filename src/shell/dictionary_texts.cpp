@@ -15,6 +15,22 @@ void captions(Main& main) {
   for (const auto& row : rows) row.label.setCaption(dictText(main, row.key));
 }
 
+// What the device's own table of entries has no line for.
+void ownWords(Main& main) {
+  MeasurementElements& m = main.measurement;
+  const struct {
+    Label& label;
+    const Word& word;
+  } rows[] = {{m.PDlbl1, words::kPowerOutages},         {m.PDlbl2, words::kUnderVoltagesShutdown},
+              {m.PDlbl3, words::kUnderVoltagesRecord},  {m.PDlbl4, words::kOverVoltagesRecord},
+              {m.PDlbl5, words::kOverVoltagesShutdown}, {m.PDlbl6, words::kSurges},
+              {m.PDlbl7, words::kCurrentOverloads},     {main.setup.yLbl, words::kWye},
+              {main.setup.ctLbl, words::kCenterTap}};
+  for (const auto& row : rows) row.label.setCaption(dictText(main, row.word));
+  main.setup.defaultBtn.setTexts(dictText(main, words::kDefaults));
+  main.data.cancelDataBtn.setTexts(dictText(main, words::kCancel));
+}
+
 void buttonTexts(Main& main) {
   const struct {
     Button& button;
@@ -127,8 +143,9 @@ void composites(Main& main) {
   m.ISlide.setTooltip(text(140) + " RMS " + text(143));
   m.OLrecTxt.setTooltip(text(140) + " " + text(65));
   m.EUtxt.setTooltip(text(131) + " (kWh)");
-  main.data.clrTsDataBtn.setTooltip(text(176) + " " + text(145));
-  main.data.clrHistDataBtn.setTooltip(text(176) + " " + text(147));
+  const std::string clear = dictText(main, words::kClearLog);
+  main.data.clrTsDataBtn.setTooltip(filledText(clear, {text(176), text(145)}));
+  main.data.clrHistDataBtn.setTooltip(filledText(clear, {text(176), text(147)}));
   main.chart.chartIntervalSlide.setTooltip(text(45) + " (" + text(133) + " 1 " + text(134) + ")");
   for (Button* button : {&main.outlets.oOnBtn, &main.outlets.oCycBtn})
     button->setTexts("");  // the next read fills them
@@ -167,6 +184,7 @@ void fontSizes(Main& main) {
 
 void showTexts(Main& main) {
   captions(main);
+  ownWords(main);
   buttonTexts(main);
   tooltips(main);
   composites(main);

@@ -56,7 +56,7 @@ bool conditionerAnswers(Main& main) {
 
 // What there is to say about a number whose port did not lead to a conditioner.
 std::string noteOf(const Main& main, bool opened) {
-  if (opened) return portName(main) + ": no conditioner answers";
+  if (opened) return filledText(dictText(main, words::kNobodyAnswers), {portName(main)});
   const CommError& error = main.link.table.lastCommError;
   if (error.code == ENOENT) return {};
   const std::string advice = main.around.serial.advice(portName(main), error.code);
@@ -105,7 +105,7 @@ class Search {
 
   void showProgress() {
     main_.com.searchProgSlide.setValue(main_.link.commPort);
-    main_.com.portFoundLbl.setCaption(portName(main_));
+    main_.com.portFoundLbl.setCaption(filledText(dictText(main_, words::kSearchingPort), {portName(main_)}));
   }
   void note(const std::string& text) {
     if (!text.empty()) notes_ += (notes_.empty() ? "" : "\n") + text;
@@ -119,9 +119,9 @@ class Search {
 // Who answered, as far as it tells.
 std::string foundText(Main& main) {
   const Link& link = main.link;
-  std::string text = portName(main) + ": " + (link.modelLine == 0 ? "Orvantis PCS" : "Tessara PCS") +
-                     ", firmware " + link.firmwareVersion;
-  if (getChipID(main)) text += ", chip " + link.chipID;
+  std::string text = portName(main) + ": " + (link.modelLine == 0 ? "Orvantis PCS" : "Tessara PCS") + ", " +
+                     dictText(main, words::kFirmware) + ' ' + link.firmwareVersion;
+  if (getChipID(main)) text += ", " + dictText(main, words::kChip) + ' ' + link.chipID;
   if (getUserID(main)) text += ", ID " + link.userID;
   return text;
 }
@@ -150,11 +150,7 @@ void found(Main& main, const Search& search) {
   if (!search.stands()) return;
   main.com.comNumEdit.setValue(main.link.commPort);
   disconnectSub(main);
-  end(main, kKeyFound, who + ".\nSave makes it the port to use.");
-}
-
-std::string failureText(const std::string& notes) {
-  return notes.empty() ? "No COM number leads to a port: plug in the cable." : notes;
+  end(main, kKeyFound, who + ".\n" + dictText(main, words::kSaveFound));
 }
 
 }  // namespace
@@ -163,13 +159,13 @@ void searchPorts(Main& main) {
   closeEveryPort(main);
   if (main.link.connected) errorSub(main);
   main.com.configComBtn.setValue(false);
-  if (main.ending || !main.pages.comOn) return;
+  if (main.ending || !main.pages.comOn) return main.com.detectComBtn.setValue(false);
   begin(main);
   Search search(main);
   const bool answered = search.run();
   if (!search.stands()) return;
   if (answered) return found(main, search);
-  end(main, kKeyNotFound, failureText(search.notes()));
+  end(main, kKeyNotFound, search.notes().empty() ? dictText(main, words::kNoPorts) : search.notes());
 }
 
 void stopSearch(Main& main) {

@@ -5,6 +5,7 @@
 #include "display/log_views.h"
 #include "display/measurement_page.h"
 #include "display/outlets_page.h"
+#include "display/report_saving.h"
 #include "display/saving.h"
 #include "display/scope_page.h"
 #include "display/setup_page.h"
@@ -32,7 +33,8 @@ void wireMain(Main& main) {
   wireLogViews(main);          // also the graph's cursors
   wireSaving(main);            // saveBtn
   wireExpert(main);            // expertBtn and findingsList
-  wireComPage(main);   // saveComBtn, detectComBtn, configComBtn
+  main.findings.report = [&main] { saveExpertReport(main); };
+  wireComPage(main);           // saveComBtn, detectComBtn, configComBtn
   main.timers.measurementTimer.onTick = [&main] { pollTick(main); };
   main.com.langCombo.onClick = [&main] { chooseLanguage(main); };
   main.frame.helpBtn.onChange = [&main](bool on) {

@@ -12,7 +12,6 @@
 #include "window/meter.h"
 #include "window/reading.h"
 #include "window/record_bar.h"
-#include "window/words.h"
 
 namespace zephon {
 namespace {
@@ -33,16 +32,7 @@ void setReachable(QWidget& widget, bool visible, bool enabled) {
   if (ground && ground->hasFocus()) widget.setFocus();
 }
 
-void followCommon(QWidget& widget, const Element& element) {
-  setReachable(widget, element.visible(), element.enabled());
-  setTooltip(widget, element, widget.property("addition").toString());
-  if (element.fontSize() <= 0 || widget.font().pointSize() == element.fontSize()) return;
-  QFont font = widget.font();
-  font.setPointSize(element.fontSize());
-  widget.setFont(font);
-}
-
-// `drawValue` runs now and after each change of the element or of the label that is its legend.
+// `drawValue` runs now and after each change of the element, of its legend or of the language.
 void follow(QWidget& widget, Element& element, const Legend& legend, const std::function<void()>& drawValue) {
   widget.setObjectName(toQt(element.name()));
   const auto drawAll = [&widget, &element, drawValue] {
@@ -51,7 +41,7 @@ void follow(QWidget& widget, Element& element, const Legend& legend, const std::
   };
   watchWhile(widget, element, drawAll);
   if (legend.label) watchWhile(widget, *legend.label, drawAll);
-  drawAll();
+  whileSpoken(widget, drawAll);
 }
 
 // Text in its own colour, faded and slanted where it is stale.
@@ -66,7 +56,7 @@ void setTextColour(QWidget& widget, QPalette::ColorRole role, Colour colour, boo
   QFont font = widget.font();
   font.setItalic(stale);
   widget.setFont(font);
-  widget.setAccessibleDescription(stale ? words::kNotLive : QString());
+  widget.setAccessibleDescription(stale ? say(words::kNotLive) : QString());
 }
 
 QString nameWithUnit(const Legend& legend, const QString& unit) {
@@ -79,28 +69,20 @@ QString captionOf(const Button& element, const Legend& legend) {
 
 }  // namespace
 
-QString toQt(const std::string& text) {
-  return QString::fromStdString(text);
-}
-
-std::string fromQt(const QString& text) {
-  return text.toStdString();
-}
-
-QString Legend::now() const {
-  return label ? toQt(label->caption()) : text;
-}
-
-void watchWhile(QObject& owner, Element& element, const std::function<void()>& watcher) {
-  const Element::WatchId id = element.watch(watcher);
-  QObject::connect(&owner, &QObject::destroyed, [&element, id] { element.unwatch(id); });
-}
-
 void setTooltip(QWidget& widget, const Element& element, const QString& addition) {
   widget.setProperty("addition", addition);
   const QString own = toQt(element.tooltip());
   widget.setToolTip(own.isEmpty() || addition.isEmpty() ? own + addition
                                                         : own + QLatin1Char('\n') + addition);
+}
+
+void followCommon(QWidget& widget, const Element& element) {
+  setReachable(widget, element.visible(), element.enabled());
+  setTooltip(widget, element, widget.property("addition").toString());
+  if (element.fontSize() <= 0 || widget.font().pointSize() == element.fontSize()) return;
+  QFont font = widget.font();
+  font.setPointSize(element.fontSize());
+  widget.setFont(font);
 }
 
 QLabel* draw(Label& element, QWidget* parent) {
@@ -234,8 +216,8 @@ Meter* drawMeter(Slider& element, Label& reading, const Legend& legend, QWidget*
     face.stale = reading.stale();
     if (marks) face.marks = marks();
     meter->setFace(face);
-    QString addition = face.on ? words::kPressToTurnOff : words::kPressToTurnOn;
-    if (!face.marks.empty()) addition += QLatin1Char('\n') + words::kLimitMarks;
+    QString addition = say(face.on ? words::kPressToTurnOff : words::kPressToTurnOn);
+    if (!face.marks.empty()) addition += QLatin1Char('\n') + say(words::kLimitMarks);
     setTooltip(*meter, element, addition);
   };
   follow(*meter, element, legend, drawValue);

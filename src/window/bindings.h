@@ -8,10 +8,10 @@
 #include "screen/combo.h"
 #include "screen/date_edit.h"
 #include "screen/image.h"
-#include "screen/label.h"
 #include "screen/num_edit.h"
 #include "screen/slider.h"
 #include "screen/text_box.h"
+#include "window/legend.h"
 #include "window/state_button.h"
 
 class QLabel;
@@ -36,20 +36,8 @@ class TextField;
 //
 // The accessible name is the text that a person sees: the caption, or the legend where the element has none.
 
-// A legend that stands beside a field: fixed, or a label whose caption follows the language.
-struct Legend {
-  Legend(QString fixed) : text(std::move(fixed)) {}  // NOLINT(google-explicit-constructor)
-  Legend(Label& beside) : label(&beside) {}          // NOLINT(google-explicit-constructor)
-  QString text;
-  Label* label = nullptr;
-  QString now() const;
-};
-
-QString toQt(const std::string& text);
-std::string fromQt(const QString& text);
-
-// Runs `watcher` after each change of the element, until `owner` is gone.
-void watchWhile(QObject& owner, Element& element, const std::function<void()>& watcher);
+// Visible and enabled state, tooltip and font size of the element as they are now.
+void followCommon(QWidget& widget, const Element& element);
 
 QLabel* draw(Label& element, QWidget* parent);
 QLabel* draw(Image& element, int height, QWidget* parent);

@@ -36,8 +36,9 @@ void showWhileAny(QWidget& widget, std::initializer_list<Element*> elements) {
   show();
 }
 
-QuietLabel::QuietLabel(const QString& text, QWidget* parent) : QLabel(text, parent) {
+QuietLabel::QuietLabel(const Legend& text, QWidget* parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
+  followLegend(*this, text, [this, text] { setText(text.now()); });
   fade();
 }
 
@@ -52,20 +53,24 @@ void QuietLabel::changeEvent(QEvent* event) {
   QLabel::changeEvent(event);
 }
 
-Card::Card(const QString& heading, std::initializer_list<Element*> members, QWidget* parent)
-    : QFrame(parent) {
-  setAccessibleName(heading);
+Card::Card(const Legend& heading, std::initializer_list<Element*> members, QWidget* parent) : QFrame(parent) {
   column_ = new QVBoxLayout(this);
   column_->setContentsMargins(14, 10, 14, 12);
   column_->setSpacing(8);
-  if (!heading.isEmpty()) {
-    auto* title = new QLabel(heading, this);
-    QFont bold = title->font();
-    bold.setBold(true);
-    title->setFont(bold);
-    column_->addWidget(title);
-  }
+  if (!heading.now().isEmpty()) addHeading(heading);
   if (members.size() > 0) showWhileAny(*this, members);
+}
+
+void Card::addHeading(const Legend& heading) {
+  auto* title = new QLabel(this);
+  QFont bold = title->font();
+  bold.setBold(true);
+  title->setFont(bold);
+  column_->addWidget(title);
+  followLegend(*this, heading, [this, title, heading] {
+    title->setText(heading.now());
+    setAccessibleName(heading.now());
+  });
 }
 
 void Card::paintEvent(QPaintEvent* /*event*/) {

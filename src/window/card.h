@@ -4,12 +4,12 @@
 #include <QLabel>
 #include <initializer_list>
 
+#include "window/legend.h"
+
 class QPainter;
 class QVBoxLayout;
 
 namespace zephon {
-
-class Element;
 
 // The ground that a group of controls stands on.
 void paintCard(QPainter& painter, const QRectF& box, const QPalette& palette, bool focused);
@@ -20,7 +20,7 @@ void showWhileAny(QWidget& widget, std::initializer_list<Element*> elements);
 // Secondary text, fainter than what it stands beside.
 class QuietLabel : public QLabel {
  public:
-  QuietLabel(const QString& text, QWidget* parent);
+  QuietLabel(const Legend& text, QWidget* parent);
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -29,16 +29,19 @@ class QuietLabel : public QLabel {
   void fade();
 };
 
-// A named group of controls. It is there while any of `members` is visible; without members it always is.
+// A named group of controls. It is there while any of `members` is visible; without members it always is. One
+// with an empty heading shows none.
 class Card : public QFrame {
  public:
-  Card(const QString& heading, std::initializer_list<Element*> members, QWidget* parent);
+  Card(const Legend& heading, std::initializer_list<Element*> members, QWidget* parent);
   QVBoxLayout* column() const { return column_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void addHeading(const Legend& heading);
+
   QVBoxLayout* column_;
 };
 

@@ -4,6 +4,8 @@
 #include "window/bindings.h"
 #include "window/card.h"
 #include "window/fields.h"
+#include "window/findings_list.h"
+#include "window/graph_view.h"
 #include "window/page.h"
 #include "window/panels.h"
 #include "window/words.h"
@@ -31,11 +33,11 @@ QWidget* intervalCard(Slider& interval, QWidget* parent) {
   auto* caption = new QLabel(card);
   caption->setWordWrap(true);
   const auto show = [caption, &interval] {
-    caption->setText(interval.tooltip().empty() ? words::kInterval : toQt(interval.tooltip()));
+    caption->setText(interval.tooltip().empty() ? say(words::kInterval) : toQt(interval.tooltip()));
   };
   watchWhile(*caption, interval, show);
   show();
-  card->setAccessibleName(words::kInterval);
+  nameBy(*card, words::kInterval);
   card->column()->addWidget(caption);
   card->column()->addWidget(drawSlide(interval, words::kInterval, card));
   return card;
@@ -45,6 +47,8 @@ QWidget* intervalCard(Slider& interval, QWidget* parent) {
 
 QWidget* chartPanel(Main& main, QWidget* parent) {
   const GraphPage made = graphPage(words::kChart, parent);
+  made.ground->column()->addWidget(graphPlace(main.frame.CWGraph2, made.ground), 1);
+  made.ground->column()->addWidget(findingsPlace(main.frame.findingsList, made.ground));
   made.column->addWidget(plotsCard(main.chart, made.controls));
   made.column->addWidget(intervalCard(main.chart.chartIntervalSlide, made.controls));
   return made.page;

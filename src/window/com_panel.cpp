@@ -35,7 +35,7 @@ QWidget* portCard(Main& main, QWidget* parent) {
 
   auto* entry = new QHBoxLayout;
   NumberField* number = draw(page.comNumEdit, words::kComPort, QString(), card);
-  number->setPrefix(words::kCom);
+  number->setPrefix(QStringLiteral("COM"));
   entry->addWidget(number, 1);
   entry->addWidget(draw(page.saveComBtn, words::kSave, card), 1);
   card->column()->addLayout(entry);
@@ -47,7 +47,7 @@ QWidget* portCard(Main& main, QWidget* parent) {
 }
 
 QWidget* cableCard(ComElements& page, QWidget* parent) {
-  auto* card = new Card(words::kConfigurePort, {&page.cableLbl}, parent);
+  auto* card = new Card(words::kUsbCable, {&page.cableLbl}, parent);
   card->setMaximumWidth(kCardWidth);
   card->column()->addWidget(drawWrapped(page.cableLbl, card));
   card->column()->addWidget(draw(page.configComBtn, words::kConfigurePort, card));
@@ -56,7 +56,7 @@ QWidget* cableCard(ComElements& page, QWidget* parent) {
 
 QWidget* languageCard(ComElements& page, QWidget* parent) {
   auto* card = new Card(QString(), {&page.langCombo}, parent);
-  card->setAccessibleName(words::kLanguage);
+  nameBy(*card, words::kLanguage);
   card->setMaximumWidth(kCardWidth);
   auto* row = new QHBoxLayout;
   row->addWidget(draw(page.langLbl, card));

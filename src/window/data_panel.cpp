@@ -4,14 +4,17 @@
 
 #include "window/bindings.h"
 #include "window/card.h"
+#include "window/findings_list.h"
+#include "window/graph_view.h"
 #include "window/page.h"
 #include "window/panels.h"
+#include "window/tree_view.h"
 #include "window/words.h"
 
 namespace zephon {
 namespace {
 
-void addLog(Card& card, Button& log, const QString& legend, Button& clear, const QString& clearLegend) {
+void addLog(Card& card, Button& log, const Word& legend, Button& clear, const Word& clearLegend) {
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
   row->addWidget(draw(log, legend, &card), 1);
@@ -48,10 +51,44 @@ QWidget* historyCard(DataElements& page, QWidget* parent) {
   return card;
 }
 
+// Says why there is nothing to see on the page.
+QWidget* hint(Main& main, QWidget* parent) {
+  auto* text = new QuietLabel(QString(), parent);
+  text->setAlignment(Qt::AlignCenter);
+  text->setWordWrap(true);
+  const auto show = [&main, text] {
+    const bool tree = main.data.TreeView1.visible();
+    const bool graph = main.frame.CWGraph2.visible() && !main.frame.CWGraph2.plots().empty();
+    text->setText(say(tree ? words::kEmptyLog : words::kNoLog));
+    text->setVisible(tree ? main.data.TreeView1.empty() : !graph);
+  };
+  watchWhile(*text, main.data.TreeView1, show);
+  watchWhile(*text, main.frame.CWGraph2, show);
+  whileSpoken(*text, show);
+  return text;
+}
+
+// There while the tree has something to show.
+QWidget* tree(Tree& element, QWidget* parent) {
+  auto* place = new QWidget(parent);
+  auto* column = new QVBoxLayout(place);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->addWidget(drawTree(element, place));
+  const auto show = [place, &element] { place->setVisible(element.visible() && !element.empty()); };
+  watchWhile(*place, element, show);
+  show();
+  return place;
+}
+
 }  // namespace
 
 QWidget* dataPanel(Main& main, QWidget* parent) {
   const GraphPage made = graphPage(words::kData, parent);
+  auto* ground = made.ground->column();
+  ground->addWidget(tree(main.data.TreeView1, made.ground), 1);
+  ground->addWidget(graphPlace(main.frame.CWGraph2, made.ground), 1);
+  ground->addWidget(hint(main, made.ground), 1);
+  ground->addWidget(findingsPlace(main.frame.findingsList, made.ground));
   made.column->addWidget(logsCard(main.data, made.controls));
   made.column->addWidget(historyCard(main.data, made.controls));
   return made.page;

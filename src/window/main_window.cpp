@@ -13,6 +13,7 @@
 #include "window/page_rail.h"
 #include "window/panels.h"
 #include "window/status_line.h"
+#include "window/words.h"
 
 namespace zephon {
 namespace {
@@ -37,6 +38,9 @@ constexpr PageDrawing kPages[] = {
 
 MainWindow::MainWindow(Main& main, std::function<void()> closing)
     : main_(main), closing_(std::move(closing)), pages_(nullptr) {
+  speak(main.dict);
+  watchWhile(*this, main.com.langCombo,
+             [&main] { speak(main.dict); });  // each dictionary fills the list anew
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(0);

@@ -33,11 +33,11 @@ std::vector<double> limitMarks(const Limits& limits) {
 QWidget* energyTile(Main& main, QWidget* parent) {
   MeasurementElements& page = main.measurement;
   auto* tile = new Card(QString(), {&page.EUtxt}, parent);
-  tile->setAccessibleName(words::kEnergy);
+  nameBy(*tile, words::kEnergy);
   QVBoxLayout* column = tile->column();
   column->setSpacing(4);
   column->addWidget(new QuietLabel(words::kEnergy, tile));
-  column->addWidget(drawReading(page.EUtxt, words::kEnergy, words::kKWh, tile), 1);
+  column->addWidget(drawReading(page.EUtxt, words::kEnergy, QStringLiteral("kWh"), tile), 1);
 
   auto* since = new QHBoxLayout;
   QLabel* date = draw(main.frame.EUlbl, tile);

@@ -10,6 +10,7 @@
 #include "window/colours.h"
 #include "window/fitted_text.h"
 #include "window/reading.h"
+#include "window/words.h"
 
 namespace zephon {
 namespace {
@@ -73,6 +74,7 @@ int strideOf(const Slider::Axis& axis, int steps, const QFontMetricsF& metrics, 
 Meter::Meter(QWidget* parent) : Pressable(parent) {
   setCheckable(true);
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+  whileSpoken(*this, [this] { tell(); });
 }
 
 QSize Meter::minimumSizeHint() const {
@@ -84,9 +86,13 @@ void Meter::setFace(const Face& face) {
   if (face == face_) return;
   face_ = face;
   showOn(face.on);
-  setAccessibleName(face.title);
+  tell();
+}
+
+void Meter::tell() {
+  setAccessibleName(face_.title);
   const QString word = zoneWord(zone());
-  setAccessibleDescription(word.isEmpty() ? face.reading : face.reading + QStringLiteral(", ") + word);
+  setAccessibleDescription(word.isEmpty() ? face_.reading : face_.reading + QStringLiteral(", ") + word);
   update();
 }
 

@@ -38,6 +38,7 @@ class Meter : public Pressable {
 
  private:
   bool shows() const;  // a reading
+  void tell();         // the face in words, to the screen and to a screen reader
   QColor ink() const;
   void paintHead(QPainter& painter, const QRectF& box) const;
   void paintBar(QPainter& painter, const QRectF& bar) const;

@@ -13,7 +13,7 @@ namespace {
 constexpr int kTileWidth = 176;
 constexpr int kTileHeight = 150;
 
-void add(TileLayout& tiles, Button& element, const QString& heading, StateButton::Look look, Zone lit,
+void add(TileLayout& tiles, Button& element, const Word& heading, StateButton::Look look, Zone lit,
          QWidget* parent) {
   auto* card = new Card(heading, {&element}, parent);
   card->setMinimumHeight(kTileHeight);

@@ -6,39 +6,40 @@
 #include <QVBoxLayout>
 
 #include "window/card.h"
+#include "window/words.h"
 
 namespace zephon {
 namespace {
 
 constexpr int kControlsWidth = 268;
 
-QScrollArea* scrollArea(const QString& name, QWidget* parent) {
+QScrollArea* scrollArea(const Word& name, QWidget* parent) {
   auto* area = new QScrollArea(parent);
   area->setFrameShape(QFrame::NoFrame);
   area->setWidgetResizable(true);
   area->setFocusPolicy(Qt::NoFocus);  // its controls scroll it when they take the focus
-  area->setAccessibleName(name);
+  nameBy(*area, name);
   area->setWidget(new QWidget(area));
-  area->widget()->setAccessibleName(name);
+  nameBy(*area->widget(), name);
   return area;
 }
 
 }  // namespace
 
-ScrolledPage scrolledPage(const QString& name, QWidget* parent) {
+ScrolledPage scrolledPage(const Word& name, QWidget* parent) {
   QScrollArea* area = scrollArea(name, parent);
   return {area, area->widget()};
 }
 
-GraphPage graphPage(const QString& name, QWidget* parent) {
+GraphPage graphPage(const Word& name, QWidget* parent) {
   GraphPage made;
   made.page = new QWidget(parent);
-  made.page->setAccessibleName(name);
+  nameBy(*made.page, name);
   auto* row = new QHBoxLayout(made.page);
   row->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);
   row->setSpacing(kPageGap);
   made.ground = new Card(QString(), {}, made.page);
-  made.ground->setAccessibleName(name);
+  nameBy(*made.ground, name);
   made.ground->setMinimumSize(160, 120);
   row->addWidget(made.ground, 1);
 

@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QString>
+#include "form/words.h"
 
-class QFrame;
 class QVBoxLayout;
 class QWidget;
 
 namespace zephon {
+
+class Card;
 
 inline constexpr int kPageMargin = 10;
 inline constexpr int kPageGap = 8;
@@ -16,15 +17,15 @@ struct ScrolledPage {
   QWidget* page = nullptr;
   QWidget* content = nullptr;
 };
-ScrolledPage scrolledPage(const QString& name, QWidget* parent);
+ScrolledPage scrolledPage(const Word& name, QWidget* parent);
 
 // The ground of a graph or a list, with a column of controls at its right side that scrolls by itself.
 struct GraphPage {
   QWidget* page = nullptr;
-  QFrame* ground = nullptr;
+  Card* ground = nullptr;
   QWidget* controls = nullptr;
   QVBoxLayout* column = nullptr;  // of the controls; it ends in a stretch that follows it
 };
-GraphPage graphPage(const QString& name, QWidget* parent);
+GraphPage graphPage(const Word& name, QWidget* parent);
 
 }  // namespace zephon

@@ -13,7 +13,7 @@ namespace {
 
 struct Entry {
   Button* button;
-  const QString& word;
+  const Word& word;
   Glyph glyph;
   QKeySequence shortcut;
 };
@@ -29,7 +29,7 @@ void add(QVBoxLayout& column, const Entry& entry, QWidget* parent) {
 }  // namespace
 
 PageRail::PageRail(FrameElements& frame, QWidget* parent) : QWidget(parent) {
-  setAccessibleName(words::kPages);
+  nameBy(*this, words::kPages);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(4, 4, 5, 4);
   column->setSpacing(2);

@@ -4,6 +4,7 @@
 
 #include "window/bindings.h"
 #include "window/card.h"
+#include "window/graph_view.h"
 #include "window/page.h"
 #include "window/panels.h"
 #include "window/words.h"
@@ -19,7 +20,7 @@ void addPair(QVBoxLayout& column, QWidget* left, QWidget* right) {
   column.addLayout(row);
 }
 
-void addChannel(Card& card, Button& toggle, const QString& legend, Button& up, Button& down) {
+void addChannel(Card& card, Button& toggle, const Word& legend, Button& up, Button& down) {
   constexpr auto kPlain = StateButton::Look::Plain;
   card.column()->addWidget(draw(toggle, legend, &card));
   addPair(*card.column(), draw(up, words::kMorePerDivision, &card, kPlain, Glyph::Up),
@@ -45,13 +46,13 @@ QWidget* timeCard(ScopeElements& page, QWidget* parent) {
 }
 
 // Both buttons have the same caption; what each watches stands before it.
-void addOneShot(Card& card, Button& button, const QString& watched) {
+void addOneShot(Card& card, Button& button, const Word& watched) {
   auto* row = new QHBoxLayout;
   auto* quantity = new QuietLabel(watched, &card);
   showWhileAny(*quantity, {&button});
   row->addWidget(quantity, 2);
   StateButton* drawn = draw(button, words::kOneShot, &card);
-  drawn->setAccessibleDescription(watched);
+  whileSpoken(*drawn, [drawn, watched] { drawn->setAccessibleDescription(say(watched)); });
   row->addWidget(drawn, 3);
   card.column()->addLayout(row);
 }
@@ -59,7 +60,7 @@ void addOneShot(Card& card, Button& button, const QString& watched) {
 QWidget* triggerCard(ScopeElements& page, QWidget* parent) {
   auto* card = new Card(words::kTrigger, {&page.oneShotVbtn, &page.oneShotAbtn, &page.holdBtn}, parent);
   addOneShot(*card, page.oneShotVbtn, words::kVoltage);
-  addOneShot(*card, page.oneShotAbtn, words::kLoadCurrent);
+  addOneShot(*card, page.oneShotAbtn, words::kCurrent);
   card->column()->addWidget(draw(page.holdBtn, words::kHold, card));
   return card;
 }
@@ -68,6 +69,7 @@ QWidget* triggerCard(ScopeElements& page, QWidget* parent) {
 
 QWidget* scopePanel(Main& main, QWidget* parent) {
   const GraphPage made = graphPage(words::kScope, parent);
+  made.ground->column()->addWidget(graphPlace(main.frame.CWGraph2, made.ground), 1);
   made.column->addWidget(channelsCard(main.scope, made.controls));
   made.column->addWidget(timeCard(main.scope, made.controls));
   made.column->addWidget(triggerCard(main.scope, made.controls));

@@ -94,7 +94,7 @@ QWidget* languageCard(ComElements& com, QWidget* parent) {
   auto* row = new QHBoxLayout;
   row->addWidget(draw(com.langLbl, card));
   row->addWidget(draw(com.langCombo, words::kLanguage, card), 1);
-  card->setAccessibleName(words::kLanguage);
+  nameBy(*card, words::kLanguage);
   card->column()->addLayout(row);
   return card;
 }

@@ -16,7 +16,7 @@ QFont larger(QFont font, double factor) {
   return font;
 }
 
-void addStep(QVBoxLayout& column, int number, const QString& text, QWidget* parent) {
+void addStep(QVBoxLayout& column, int number, const Word& text, QWidget* parent) {
   auto* row = new QHBoxLayout;
   row->setSpacing(14);
   auto* mark = new QLabel(QString::number(number), parent);
@@ -24,7 +24,8 @@ void addStep(QVBoxLayout& column, int number, const QString& text, QWidget* pare
   bold.setBold(true);
   mark->setFont(bold);
   row->addWidget(mark, 0, Qt::AlignTop);
-  auto* words = new QLabel(text, parent);
+  auto* words = new QLabel(parent);
+  whileSpoken(*words, [words, text] { words->setText(say(text)); });
   words->setFont(larger(words->font(), 1.15));
   words->setWordWrap(true);
   row->addWidget(words, 1);
@@ -40,7 +41,8 @@ QWidget* startPanel(Main& /*main*/, QWidget* parent) {
   text->setMaximumWidth(kTextWidth);
   auto* column = new QVBoxLayout(text);
   column->setSpacing(16);
-  auto* title = new QLabel(words::kStartTitle, text);
+  auto* title = new QLabel(text);
+  whileSpoken(*title, [title] { title->setText(say(words::kStartTitle)); });
   title->setFont(larger(title->font(), 1.8));
   title->setWordWrap(true);
   column->addStretch(2);

@@ -32,7 +32,7 @@ class Mark : public QWidget {
 };
 
 // Selectable, so that a failure can be copied into a letter to support.
-void addLine(QVBoxLayout& lines, Label& element, Glyph glyph, const QString& meaning, QWidget* parent) {
+void addLine(QVBoxLayout& lines, Label& element, Glyph glyph, const Word& meaning, QWidget* parent) {
   auto* line = new QWidget(parent);
   auto* row = new QHBoxLayout(line);
   row->setContentsMargins(0, 0, 0, 0);
@@ -41,7 +41,7 @@ void addLine(QVBoxLayout& lines, Label& element, Glyph glyph, const QString& mea
   QLabel* text = draw(element, line);
   text->setWordWrap(true);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  text->setAccessibleDescription(meaning);
+  whileSpoken(*text, [text, meaning] { text->setAccessibleDescription(say(meaning)); });
   row->addWidget(text, 1);
   lines.addWidget(line);
   const auto show = [line, &element] { line->setVisible(element.visible() && !element.caption().empty()); };
@@ -57,6 +57,7 @@ StatusLine::StatusLine(FrameElements& frame, QWidget* parent) : QWidget(parent) 
   lines->setSpacing(3);
   addLine(*lines, frame.linkLbl, Glyph::Port, words::kLinkState, this);
   addLine(*lines, frame.adviceLbl, Glyph::Advice, words::kAdvice, this);
+  addLine(*lines, frame.noticeLbl, Glyph::Save, words::kNotice, this);
 }
 
 void StatusLine::paintEvent(QPaintEvent* /*event*/) {

@@ -17,15 +17,15 @@ Zone zoneOf(Colour pointer) {
 QString zoneWord(Zone zone) {
   switch (zone) {
     case Zone::Good:
-      return words::kNormal;
+      return say(words::kNormal);
     case Zone::Caution:
-      return words::kMarginal;
+      return say(words::kMarginal);
     case Zone::Alarm:
-      return words::kOutOfRange;
+      return say(words::kOutOfRange);
     case Zone::NotLive:
-      return words::kNotLive;
+      return say(words::kNotLive);
     case Zone::Off:
-      return words::kOff;
+      return say(words::kOff);
     case Zone::Empty:
       break;
   }

@@ -12,7 +12,8 @@ namespace zephon::testing_support {
 class FakeDialogs : public Dialogs {
  public:
   struct Shown {
-    std::string kind;    // "message", "yesNo", "okCancel", "prompt", "openFile", "saveFile"
+    std::string kind;    // "message", "yesNo", "okCancel", "prompt", "openFile", "saveFile",
+                         // "openInViewer"
     std::string text;    // the message or question; of the file dialogs the suggested name
     std::string detail;  // advice, title, or the folder where a file dialog starts
   };
@@ -24,6 +25,7 @@ class FakeDialogs : public Dialogs {
   std::optional<std::string> saveAnswer;
   // Runs while a dialog stands on the screen: what happens behind it.
   std::function<void()> meanwhile;
+  bool hasViewer = true;
 
   const std::vector<Shown>& shown() const { return shown_; }
   // The texts alone, in order.
@@ -57,6 +59,10 @@ class FakeDialogs : public Dialogs {
   std::optional<std::string> saveFile(const FileQuestion& question) override {
     show({"saveFile", question.name, question.folder});
     return saveAnswer;
+  }
+  bool openInViewer(const std::string& path) override {
+    show({"openInViewer", path, {}});
+    return hasViewer;
   }
 
  private:

@@ -1,0 +1,158 @@
+#include "window/graph_line.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace zephon {
+namespace {
+
+constexpr double kNarrow = 1;          // pixels that a stretch may be wide to be drawn as one
+constexpr qsizetype kDense = 1500;     // points from which on a line is drawn thin
+constexpr double kSymbolsApart = 110;  // pixels, about
+constexpr double kSymbolSize = 8;
+
+}  // namespace
+
+PlotLine::PlotLine(QCPAxis& keyAxis, QCPAxis& valueAxis, std::size_t number)
+    : QCPAbstractPlottable(&keyAxis, &valueAxis), number_(number) {
+  setSelectable(QCP::stNone);
+}
+
+void PlotLine::setData(std::shared_ptr<const PlotData> data) {
+  data_ = std::move(data);
+  extremes_.clear();
+  pieces_.clear();
+}
+
+void PlotLine::grow() {
+  if (!data_) return;
+  const std::size_t now = data_->size();
+  if (now < size()) extremes_.clear();
+  extremes_.grow(*data_, now);
+}
+
+std::optional<std::size_t> PlotLine::nearest(double x) const {
+  return data_ ? nearestPoint(*data_, size(), x) : std::nullopt;
+}
+
+void PlotLine::setStyle(const PlotStyle& style) {
+  style_ = style;
+  setPen(QPen(style.colour));
+}
+
+QCPRange PlotLine::getKeyRange(bool& found, QCP::SignDomain /*domain*/) const {
+  found = !empty();
+  return found ? QCPRange(firstX(), lastX()) : QCPRange();
+}
+
+QCPRange PlotLine::getValueRange(bool& found, QCP::SignDomain /*domain*/, const QCPRange& /*keys*/) const {
+  const Extremes::Pair all = extremes_.all();
+  found = all.least != Extremes::kNone;
+  return found ? QCPRange(data_->y(all.least), data_->y(all.greatest)) : QCPRange();
+}
+
+PlotLine::Stretch PlotLine::inView() const {
+  if (empty()) return {};
+  const QCPRange view = keyAxis()->range();
+  const std::size_t first = firstFrom(*data_, size(), view.lower);
+  const std::size_t past = firstFrom(*data_, size(), std::nextafter(view.upper, view.upper + 1));
+  return {first > 0 ? first - 1 : 0, std::min(past + 1, size())};
+}
+
+QPointF PlotLine::pixelOf(std::size_t index) const {
+  // Far outside, a line would lose its way in the painter's numbers.
+  constexpr double kFar = 1e6;
+  return {std::clamp(keyAxis()->coordToPixel(data_->x(index)), -kFar, kFar),
+          std::clamp(valueAxis()->coordToPixel(data_->y(index)), -kFar, kFar)};
+}
+
+void PlotLine::flush() {
+  if (column_.least == Extremes::kNone) return;
+  const auto [earlier, later] = std::minmax(column_.least, column_.greatest);
+  pieces_.back() << pixelOf(earlier);
+  if (later != earlier) pieces_.back() << pixelOf(later);
+  column_ = {Extremes::kNone, Extremes::kNone};
+}
+
+// Points that fall into the same column of pixels are drawn as the column's extremes.
+void PlotLine::take(const Extremes::Pair& pair) {
+  if (pair.least == Extremes::kNone) {
+    flush();
+    if (!pieces_.back().isEmpty()) pieces_.emplace_back();
+    return;
+  }
+  const double pixel = std::floor(keyAxis()->coordToPixel(data_->x(std::min(pair.least, pair.greatest))));
+  if (pixel != columnPixel_) flush();
+  columnPixel_ = pixel;
+  column_ = together(*data_, column_, pair);
+}
+
+void PlotLine::traceBlock(std::size_t level, std::size_t number, const Stretch& stretch) {
+  std::size_t width = Extremes::kFan;
+  for (std::size_t below = 0; below < level; ++below) width *= Extremes::kFan;
+  const std::size_t first = number * width;
+  const std::size_t end = std::min(first + width, size());
+  if (end <= stretch.first || first >= stretch.end) return;
+  const bool whole = first >= stretch.first && end <= stretch.end;
+  const auto pixel = [this](std::size_t index) { return keyAxis()->coordToPixel(data_->x(index)); };
+  if (whole && std::abs(pixel(end - 1) - pixel(first)) < kNarrow) return take(extremes_.block(level, number));
+  if (level > 0) {
+    for (std::size_t i = number * Extremes::kFan;
+         i < std::min((number + 1) * Extremes::kFan, extremes_.blocks(level - 1)); ++i) {
+      traceBlock(level - 1, i, stretch);
+    }
+    return;
+  }
+  for (std::size_t i = std::max(first, stretch.first); i < std::min(end, stretch.end); ++i) {
+    const auto index = static_cast<std::uint32_t>(i);
+    take(std::isfinite(data_->y(i)) ? Extremes::Pair{index, index}
+                                    : Extremes::Pair{Extremes::kNone, Extremes::kNone});
+  }
+}
+
+void PlotLine::trace(const Stretch& stretch) {
+  pieces_.assign(1, {});
+  if (stretch.first >= stretch.end) return;
+  columnPixel_ = -HUGE_VAL;
+  traceBlock(extremes_.levels() - 1, 0, stretch);
+  flush();
+}
+
+void PlotLine::draw(QCPPainter* painter) {
+  const Stretch stretch = inView();
+  trace(stretch);
+  qsizetype count = 0;
+  for (const QPolygonF& piece : pieces_) count += piece.size();
+  const bool dense = count > kDense;
+  painter->setAntialiasing(!dense);
+  painter->setBrush(Qt::NoBrush);
+  const QPen line(style_.colour, dense ? 1 : 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+  const QPen dot(style_.colour, 4, Qt::SolidLine, Qt::RoundCap);
+  for (const QPolygonF& piece : pieces_) {
+    painter->setPen(piece.size() > 1 ? line : dot);
+    piece.size() > 1 ? painter->drawPolyline(piece) : painter->drawPoints(piece);
+  }
+  drawSymbols(*painter, stretch);
+}
+
+// On points whose numbers are round, so that they stay where they are as the plot grows, and beside those of
+// the other plots.
+void PlotLine::drawSymbols(QCPPainter& painter, const Stretch& stretch) const {
+  if (stretch.first >= stretch.end) return;
+  const double width = std::abs(keyAxis()->coordToPixel(data_->x(stretch.end - 1)) -
+                                keyAxis()->coordToPixel(data_->x(stretch.first)));
+  const double each = static_cast<double>(stretch.end - stretch.first) * kSymbolsApart / std::max(width, 1.0);
+  std::size_t stride = 1;
+  while (static_cast<double>(stride) < each) stride *= 2;
+  painter.setAntialiasing(true);
+  QCPScatterStyle symbol(style_.symbol, kSymbolSize);
+  symbol.setPen(QPen(style_.colour, 1.4));
+  symbol.applyTo(&painter, QPen(style_.colour));
+  const std::size_t shift = number_ * stride / 8 % stride;
+  for (std::size_t i = (stretch.first / stride) * stride + shift; i < stretch.end; i += stride) {
+    if (i >= stretch.first && std::isfinite(data_->y(i))) symbol.drawShape(&painter, pixelOf(i));
+  }
+}
+
+}  // namespace zephon

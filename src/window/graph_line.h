@@ -1,0 +1,75 @@
+#pragma once
+
+#include <qcustomplot.h>
+
+#include <memory>
+#include <vector>
+
+#include "screen/graph.h"
+#include "window/graph_extremes.h"
+
+namespace zephon {
+
+// What tells a plot from the others: a colour, and a symbol that stands on the line here and there.
+struct PlotStyle {
+  QColor colour;
+  QCPScatterStyle::ScatterShape symbol;
+};
+
+// A plot as a line, drawn from its points where they lie: of a stretch that is narrower than a pixel the
+// least and the greatest. Gaps break the line; a point alone is a dot.
+class PlotLine : public QCPAbstractPlottable {
+ public:
+  PlotLine(QCPAxis& keyAxis, QCPAxis& valueAxis, std::size_t number);
+
+  // Other points; none are taken in yet.
+  void setData(std::shared_ptr<const PlotData> data);
+  const std::shared_ptr<const PlotData>& data() const { return data_; }
+  // Takes in the points that have come at the end. Others than these are not drawn.
+  void grow();
+  std::size_t size() const { return extremes_.size(); }
+  bool empty() const { return size() == 0; }
+  double firstX() const { return data_->x(0); }
+  double lastX() const { return data_->x(size() - 1); }
+  std::optional<std::size_t> nearest(double x) const;
+
+  void setStyle(const PlotStyle& style);
+  // The points through which the line was last drawn, a piece between gaps each.
+  const std::vector<QPolygonF>& pieces() const { return pieces_; }
+
+  double selectTest(const QPointF& /*pos*/, bool /*only*/, QVariant* /*details*/) const override {
+    return -1;
+  }
+  QCPRange getKeyRange(bool& found, QCP::SignDomain domain = QCP::sdBoth) const override;
+  QCPRange getValueRange(bool& found, QCP::SignDomain domain = QCP::sdBoth,
+                         const QCPRange& keys = QCPRange()) const override;
+
+ protected:
+  void draw(QCPPainter* painter) override;
+  void drawLegendIcon(QCPPainter* /*painter*/, const QRectF& /*rect*/) const override {}
+
+ private:
+  // The stretch in view, with a point more at either side, so that the line runs on to the edge.
+  struct Stretch {
+    std::size_t first = 0;
+    std::size_t end = 0;
+  };
+  Stretch inView() const;
+  void trace(const Stretch& stretch);
+  void traceBlock(std::size_t level, std::size_t number, const Stretch& stretch);
+  void take(const Extremes::Pair& pair);
+  void flush();
+  QPointF pixelOf(std::size_t index) const;
+  void drawSymbols(QCPPainter& painter, const Stretch& stretch) const;
+
+  std::shared_ptr<const PlotData> data_;
+  Extremes extremes_;
+  std::size_t number_;
+  PlotStyle style_{};
+  // While the line is traced: the extremes of the column of pixels that it has reached.
+  std::vector<QPolygonF> pieces_;
+  Extremes::Pair column_{Extremes::kNone, Extremes::kNone};
+  double columnPixel_ = 0;
+};
+
+}  // namespace zephon

@@ -1,0 +1,46 @@
+#include "window/words.h"
+
+#include <QWidget>
+
+#include "window/legend.h"
+
+namespace zephon {
+namespace {
+
+// The dictionary as an element of no form, so that it is watched as any other one.
+class Spoken : public Element {
+ public:
+  using Element::Element;
+  const std::vector<std::string>& dict() const { return dict_; }
+  void setDict(const std::vector<std::string>& dict) { write(dict_, dict); }
+
+ private:
+  std::vector<std::string> dict_;
+};
+
+Spoken& spoken() {
+  static ElementList none;
+  static Spoken one(none, "spoken");
+  return one;
+}
+
+}  // namespace
+
+QString say(const Word& word) {
+  return toQt(wordText(spoken().dict(), word));
+}
+
+void speak(const std::vector<std::string>& dict) {
+  spoken().setDict(dict);
+}
+
+void whileSpoken(QObject& owner, const std::function<void()>& show) {
+  watchWhile(owner, spoken(), show);
+  show();
+}
+
+void nameBy(QWidget& widget, const Word& word) {
+  whileSpoken(widget, [&widget, word] { widget.setAccessibleName(say(word)); });
+}
+
+}  // namespace zephon

@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+
+#include "reports/event_report.h"
+#include "reports/expert_report.h"
+#include "reports/setup_report.h"
+#include "support/temp_folder.h"
+
+namespace zephon {
+namespace {
+
+std::vector<std::string> dictionary(const std::string& language) {
+  std::ifstream file(std::string(ZEPHON_RESOURCES) + '/' + language + ".dictionary");
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(file, line);) lines.push_back(line);
+  return lines;
+}
+
+// What a reader of the file sees, page by page, with one blank for a row of them.
+std::vector<std::string> pagesOf(const std::string& path) {
+  FILE* pipe = ::popen(("pdftotext -layout '" + path + "' -").c_str(), "r");
+  std::vector<std::string> pages(1);
+  for (int c = pipe ? std::fgetc(pipe) : EOF; c != EOF; c = std::fgetc(pipe)) {
+    if (c == '\f') {
+      pages.emplace_back();
+    } else if (c != ' ' || !pages.back().ends_with(' ')) {
+      pages.back() += static_cast<char>(c);
+    }
+  }
+  if (!pipe || ::pclose(pipe) != 0) ADD_FAILURE() << "pdftotext failed";
+  pages.pop_back();  // behind the last page's end
+  return pages;
+}
+
+bool holds(const std::string& page, const std::string& text) {
+  return page.find(text) != std::string::npos;
+}
+
+class ReportFiles : public testing::Test {
+ protected:
+  PdfHost host() {
+    PdfHost host;
+    host.programFolder = ZEPHON_RESOURCES;
+    host.now = [] { return CalendarTime{2026, 5, 31, 14, 2, 7}; };
+    host.message = [this](const std::string&, const std::string& text) { told.push_back(text); };
+    return host;
+  }
+  ReportHead head(int modelLine, int volts) const {
+    return {"Expert Analysis", "05/01/2013 To 05/31/2013", modelLine, volts, "Pump house", "1.KD1",
+            "4C.5A.17"};
+  }
+
+  TempFolder folder;
+  std::string path = folder / "report.pdf";
+  std::vector<std::string> told;
+  std::vector<std::string> english = dictionary("EN");
+};
+
+TEST_F(ReportFiles, ExpertReportSaysWhatWasFoundUnderItsHead) {
+  const std::vector<std::string> findings(61, "Surges were recorded at 12 \u00B0C.");
+  for (const int line : {0, 1}) {
+    ASSERT_TRUE(writeExpertReport(path, host(), head(line, line == 0 ? 120 : 240), findings, english));
+    const auto pages = pagesOf(path);
+    ASSERT_EQ(pages.size(), 2u);
+    const std::string name = line == 0 ? "Orvantis PCS" : "Tessara PCS";
+    const std::string rating = line == 0 ? "120V" : "208/240V";
+    const std::string facts[] = {name + " Expert Analysis",
+                                 "\u2022 Acquisition Period:",
+                                 "05/01/2013 To 05/31/2013",
+                                 "\u2022 ID: Pump house",
+                                 "4C.5A.17",
+                                 name + " , " + rating,
+                                 "Before taking any of the recommended actions"};
+    for (const std::string& page : pages) {
+      for (const std::string& fact : facts) EXPECT_TRUE(holds(page, fact)) << fact << page;
+    }
+    EXPECT_TRUE(holds(pages[0], "60. Surges were recorded at 12 \u00B0C."));
+    EXPECT_FALSE(holds(pages[0], "61. "));
+    EXPECT_TRUE(holds(pages[1], "61. Surges"));
+    EXPECT_TRUE(holds(pages[0], "1 of 2"));
+    EXPECT_TRUE(holds(pages[1], "2 of 2"));
+  }
+}
+
+// Every sentence of every language, each at its longest, stays between the margins.
+TEST_F(ReportFiles, FindingsOfEveryLanguageStayOnThePage) {
+  for (const char* language : {"EN", "DE", "FR", "ES"}) {
+    const auto dict = dictionary(language);
+    if (dict.size() < 271) continue;
+    const std::vector<std::string> findings(dict.begin() + 215, dict.begin() + 271);
+    ASSERT_TRUE(writeExpertReport(path, host(), head(0, 120), findings, dict));
+    FILE* pipe = ::popen(("pdftotext -bbox '" + path + "' - | grep -o 'xMax=\"[0-9.]*'").c_str(), "r");
+    double right = 0;
+    std::array<char, 64> text;
+    while (pipe && std::fgets(text.data(), text.size(), pipe))
+      right = std::max(right, std::atof(text.data() + 6));
+    if (pipe) ::pclose(pipe);
+    EXPECT_GT(right, 300) << language;
+    EXPECT_LT(right, 595 - 29) << language;
+  }
+}
+
+TEST_F(ReportFiles, LogReportHasEveryRowUnderAHeadThatEachPageRepeats) {
+  LogTable<8> events;
+  for (int i = 0; i < 512; ++i)
+    events.push_back(
+        {13, 1.0 + i % 28, 5, i / 60.0 - std::fmod(i / 60.0, 1.0), i % 60 * 1.0, 7, i % 2 ? 1.0 : 16.0, 132});
+  events[3] = {13, 4, 5, 0, 3, 7, 64, 21};
+  ASSERT_TRUE(writeEventReport(path, host(), head(0, 120), events, english));
+  const auto pages = pagesOf(path);
+  ASSERT_EQ(pages.size(), 9u);
+  EXPECT_TRUE(holds(pages[0], "Event Summary"));
+  EXPECT_TRUE(holds(pages[0], "21 A"));
+  EXPECT_TRUE(holds(pages[0], "132 V"));
+  EXPECT_TRUE(holds(pages[0], "110 %"));
+  std::size_t rows = 0;
+  for (const std::string& page : pages) {
+    EXPECT_TRUE(holds(page, "Magnitude"));
+    for (std::size_t at = page.find("/2013 "); at != std::string::npos; at = page.find("/2013 ", at + 1))
+      rows += page.compare(at + 6, 2, "To") != 0;
+  }
+  EXPECT_EQ(rows, 512u);
+}
+
+TEST_F(ReportFiles, FailuresAreToldAndLeaveTheOldFile) {
+  folder.put("report.pdf", "old");
+  PdfHost bare = host();
+  bare.programFolder = folder / "nowhere";
+  EXPECT_TRUE(writeExpertReport(folder / "bare.pdf", bare, head(0, 120), {}, english));
+  EXPECT_FALSE(told.empty());  // no metrics, no picture
+  told.clear();
+  EXPECT_FALSE(writeExpertReport(folder / "none/report.pdf", host(), head(0, 120), {}, english));
+  EXPECT_FALSE(told.empty());
+  EXPECT_EQ(folder.get("report.pdf"), "old");
+}
+
+TEST(SetupReport, ListsWhatTheDeviceHas) {
+  const auto english = dictionary("EN");
+  const FileStamp stamp{{2026, 5, 31, 14, 2, 7}, "Pump house", "1.KD1", "4C.5A.17", 120, 0};
+  DeviceSettings settings;
+  settings.limits = Limits{90, 100, 105, 125, 130, 140};
+  settings.overloadAmps = 15;
+  settings.groundDetection = true;
+  settings.powerFailHold = false;
+  EXPECT_EQ(setupReport(stamp, settings, english),
+            "Orvantis PCS Setup Report\r\n\r\nID: Pump house\r\nFirmware Version: 1.KD1\r\nSoftware Version: "
+            "4.4\r\n"
+            "Chip ID: 4C.5A.17\r\nVoltage Rating: 120 V\r\nOver Voltage Shutdown: 140 V\r\nOver Voltage "
+            "Record: 130 V\r\n"
+            "Over Voltage Restore: 125 V\r\nUnder Voltage Restore: 105 V\r\nUnder Voltage Record: 100 V\r\n"
+            "Under Voltage Shutdown: 90 V\r\nOverload Record: 15 A\r\nGround Detection Enabled: True\r\n"
+            "Power Fail Hold Enabled: False\r\n");
+  DeviceSettings wiring;
+  wiring.centerTap = true;
+  const std::string second = setupReport({{}, "TessaraPCS", "1*14", "01.02.03", 240, 1}, wiring, english);
+  EXPECT_TRUE(second.starts_with("Tessara PCS Setup Report\r\n"));
+  EXPECT_TRUE(second.ends_with("Voltage Rating: 240 V\r\nSupply Wiring: 120/240 Center Tap\r\n"));
+}
+
+}  // namespace
+}  // namespace zephon
