@@ -29,11 +29,13 @@ struct Check {
 
 TEST(Cable, EveryOneOfOurKindHasTheLatency) {
   const Check checks[] = {
-      {{}, true, ""},
+      {{}, true, "No cable of the conditioner's kind is plugged in."},
       {{{"ttyUSB0", "2"}}, true, "ttyUSB0: latency 2 ms, as it must be"},
       {{{"ttyUSB0", "16"}}, false, "ttyUSB0: latency 16 ms, but 2 ms are needed"},
       {{{"ttyUSB0", "1"}}, false, "ttyUSB0: latency 1 ms, but 2 ms are needed"},
-      {{{"ttyUSB0", "16", "6015"}, {"ttyUSB1", "16", "6001", "067b"}}, true, ""},
+      {{{"ttyUSB0", "16", "6015"}, {"ttyUSB1", "16", "6001", "067b"}},
+       true,
+       "No cable of the conditioner's kind is plugged in."},
       {{{"ttyUSB10", "2"}, {"ttyUSB2", "3"}},
        false,
        "ttyUSB2: latency 3 ms, but 2 ms are needed\nttyUSB10: latency 2 ms, as it must be"},
@@ -51,7 +53,7 @@ TEST(Cable, EveryOneOfOurKindHasTheLatency) {
     main.around.folders.usbSerial = usb.folder();
     EXPECT_EQ(checkCOMsettings(main), check.good) << check.text;
     EXPECT_EQ(main.exchange.shortfall.empty(), check.good) << check.text;
-    EXPECT_EQ(cablesText(usbCables(usb.folder())), check.text);
+    EXPECT_EQ(cablesText(usbCables(usb.folder()), {}), check.text);
   }
 }
 
@@ -60,19 +62,19 @@ TEST(Cable, AllOfOurKindAreWrittenAndNoOther) {
   usb.plug("ttyUSB0", "16");
   usb.plug("ttyUSB1", "255");
   usb.plug("ttyUSB2", "16", "6015");
-  EXPECT_EQ(configureCables(usb.folder()), "");
+  EXPECT_EQ(configureCables(usb.folder(), {}), "");
   EXPECT_EQ(usb.latency("ttyUSB0"), "2\n");
   EXPECT_EQ(usb.latency("ttyUSB1"), "2\n");
   EXPECT_EQ(usb.latency("ttyUSB2"), "16\n");
-  EXPECT_EQ(configureCables("/nonexistent"), "");
+  EXPECT_EQ(configureCables("/nonexistent", {}), "");
 }
 
 TEST(Cable, AValueThatDoesNotStickIsTold) {
   UsbBench usb;
   usb.plugForgetful("ttyUSB0");
   usb.plug("ttyUSB1", "16");
-  EXPECT_EQ(configureCables(usb.folder()),
-            "ttyUSB0: the driver did not keep the value; unplug the cable and plug it in again.");
+  EXPECT_EQ(configureCables(usb.folder(), {}),
+            "ttyUSB0: the driver did not keep the value. Unplug the cable and plug it in again.");
   EXPECT_EQ(usb.latency("ttyUSB1"), "2\n");  // the others are set all the same
 }
 
@@ -83,7 +85,7 @@ TEST(Cable, WithoutTheRightTheCommandForItIsTold) {
   std::string advice;
   {
     const WithoutRights user;
-    advice = configureCables(usb.folder());
+    advice = configureCables(usb.folder(), {});
   }
   EXPECT_NE(advice.find("echo 2 | sudo tee " + usb.folder() + "/ttyUSB0/latency_timer"), std::string::npos)
       << advice;

@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "display/log_views.h"
+#include "protocol/asking.h"
 #include "protocol/day_serial.h"
 #include "protocol/stay.h"
 #include "support/bench.h"
@@ -277,9 +278,9 @@ TEST(ChartPage, GoesOnWhileABoxStandsInTheMiddleOfATick) {
   page.silence("g6", 1);
   page.later(950, [&] {
     EXPECT_TRUE(page.main.recording.ticking);
-    letChartGoOn(page.main);
+    page.dialogs.meanwhile = [&] { wait(page.main, 10'000); };
     const std::size_t before = page.rows();
-    wait(page.main, 10'000);  // the box
+    askText(page.main, "Voltage", "Which?", "120");
     EXPECT_GE(page.rows(), before + 8);
   });
   page.run(20'000);

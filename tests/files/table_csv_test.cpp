@@ -52,26 +52,24 @@ TEST(HistoryCsv, readsEarlierAndForeignForms) {
   const std::string names = "Datum;Ende;Beginn;a;b;c;d;e;f\n";
   const std::string foreign = replaced(replaced(kHistoryRows, ",", ";"), ".", ",");
   const std::string torn = "05/31/13,23:30:00,23:00:00,118,25,-4,0,119,5,125,0,112,07,1,5\n";
+  const FileIdentity early{"MYDEVICE12", "n.nnn", "FF.FF.FF", 120, false};
+  const FileIdentity own{"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false},
+      second{"TessaraPCS", ".KD1", "01.A2.FF", 120, true};
+  FileIdentity high = own;
+  high.nominalVolts = 240;
+  const std::string title = "MYDEVICE12 Historical Data\r\n";
+  const std::string otherHead =
+      replaced(kHistoryHead, "ABCDEFGHIJ", "TessaraPCS").substr(0, kHistoryHead.rfind("Date")) + names;
   const struct {
     std::string file;
     std::size_t rows;
     FileIdentity identity;
-  } rows[] = {
-      {"MYDEVICE12 Historical Data\r\nDate,...\r\n" + replaced(kHistoryRows, "/", "-"),
-       2,
-       {"MYDEVICE12", "n.nnn", "FF.FF.FF", 120, false}},
-      {"MYDEVICE12 Historical Data\r\n" + kHistoryRows, 2, {"MYDEVICE12", "n.nnn", "FF.FF.FF", 120, false}},
-      {replaced(kHistoryHead, "ABCDEFGHIJ", "TessaraPCS").substr(0, kHistoryHead.rfind("Date")) + names +
-           foreign,
-       2,
-       {"TessaraPCS", ".KD1", "01.A2.FF", 120, true}},
-      {kHistoryHead + torn, 1, {"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false}},
-      {kHistoryHead + replaced(kHistoryRows, "/13", "/2013"),
-       2,
-       {"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false}},
-      {kHistoryHead + replaced(kHistoryRows, "119.5", "140"),
-       2,
-       {"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 240, false}}};
+  } rows[] = {{title + "Date,...\r\n" + replaced(kHistoryRows, "/", "-"), 2, early},
+              {title + kHistoryRows, 2, early},
+              {otherHead + foreign, 2, second},
+              {kHistoryHead + torn, 1, own},
+              {kHistoryHead + replaced(kHistoryRows, "/13", "/2013"), 2, own},
+              {kHistoryHead + replaced(kHistoryRows, "119.5", "140"), 2, high}};
   for (const auto& row : rows) {
     const auto reading = readHistoryCsv(row.file, dict);
     ASSERT_TRUE(reading) << faultText(*reading.fault) << '\n' << row.file;
@@ -136,30 +134,19 @@ TEST(ChartCsv, writesAndReadsItsFile) {
 TEST(ChartCsv, carriesLessOfTheSecondLine) {
   const auto dict = englishDictionary();
   const std::string date = "05/31/2013,12:00:00,", date2 = "05/31/2013,12:00:10,";
+  const std::string both =
+      "Date,Time,Line Voltage,N-G Voltage\r\n" + date + "121,0\r\n" + date2 + "120,12\r\n";
+  const std::string one = "Date,Time,Line Voltage\r\n" + date + "121\r\n" + date2 + "120\r\n";
   const struct {
     const char* firmware;
     int volts;
-    FileKind kind;
     std::string rows;
     std::array<double, 9> second;
-  } rows[] = {{"2.00",
-               120,
-               FileKind::LiveChart,
-               "Date,Time,Line Voltage,N-G Voltage\r\n" + date + "121,0\r\n" + date2 + "120,12\r\n",
-               {0, 120, 0, 0, 12}},
-              {"1*14",
-               120,
-               FileKind::LiveChart,
-               "Date,Time,Line Voltage\r\n" + date + "121\r\n" + date2 + "120\r\n",
-               {0, 120}},
-              {"2.01",
-               240,
-               FileKind::LiveChart,
-               "Date,Time,Line Voltage\r\n" + date + "121\r\n" + date2 + "120\r\n",
-               {0, 120}}};
+  } rows[] = {
+      {"2.00", 120, both, {0, 120, 0, 0, 12}}, {"1*14", 120, one, {0, 120}}, {"2.01", 240, one, {0, 120}}};
   for (const auto& row : rows) {
     const FileStamp stamp = {{2013, 5, 31, 14, 2, 7}, "TessaraPCS", row.firmware, "01.A2.FF", row.volts, 1};
-    const std::string file = chartCsv(stamp, kChart, row.kind, dict);
+    const std::string file = chartCsv(stamp, kChart, FileKind::LiveChart, dict);
     EXPECT_EQ(file.substr(file.find("Date,")), row.rows);
     const auto reading = readChartCsv(file, dict);
     ASSERT_TRUE(reading) << faultText(*reading.fault);
@@ -169,10 +156,13 @@ TEST(ChartCsv, carriesLessOfTheSecondLine) {
     EXPECT_TRUE(reading.identity.secondLine);
     EXPECT_NE(chartCsv(stamp, kChart, FileKind::InternalChart, dict).find(kChartNames), std::string::npos);
   }
-  const std::string two = head("Chart Data", "Date,Time") + "05/31/2013,12:00:00\r\n";
-  EXPECT_EQ(readChartCsv(two, dict).fault->line, 8u);
-  EXPECT_EQ(readChartCsv(head("Chart Data", "Date,Time,Line Voltage") + date + "120,5\r\n", dict).fault->line,
-            9u);
+  const std::pair<std::string, std::size_t> torn[] = {
+      {head("Chart Data", "Date,Time") + "05/31/2013,12:00:00\r\n", 8},
+      {head("Chart Data", "Date,Time,Line Voltage") + date + "120,5\r\n", 9}};
+  for (const auto& [file, line] : torn) {
+    const auto fault = readChartCsv(file, dict).fault;
+    EXPECT_TRUE(fault && fault->line == line) << file;
+  }
 }
 
 TEST(ScopeCsv, writesARowASample) {

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "logs/slow_logs.h"
 #include "support/log_bytes.h"
 
 namespace zephon {
@@ -75,30 +74,6 @@ TEST(EventLog, takesTheFirstBlankOut) {
     const auto events = *decodeEventFrame(eventFrame(row.data, row.records), 120, {});
     for (const auto& event : events) magnitudes.push_back(event[7]);
     EXPECT_EQ(magnitudes, row.magnitudes) << &row - rows;
-  }
-}
-
-TEST(EventLog, agreesWithTheLongWay) {
-  std::mt19937 random(3);
-  for (int i = 0; i < 60; ++i) {
-    const std::size_t records = random() % 40;
-    const UtcOffset offset{(static_cast<int>(random() % 113) - 56) / 96.0};
-    const std::string frame = eventFrame(troubledRecords(random, 8, 1, 60), static_cast<int>(records));
-    EXPECT_EQ(decodeEventFrame(frame, 208, offset), slowEvents(frame, records, 208, offset)) << i;
-  }
-}
-
-TEST(EventLog, changesOnlyTheRowOfAFlippedByte) {
-  const std::string data = eventRecord(4, kNight, 1) + eventRecord(8, kNight, 2) + eventRecord(1, kNight, 3);
-  const std::string frame = eventFrame(data, 3);
-  for (std::size_t place = 0; place < data.size(); ++place) {
-    for (int bit = 0; bit < 8; ++bit) {
-      std::string flipped = frame;
-      flipped[4 + place] = static_cast<char>(flipped[4 + place] ^ 1 << bit);
-      const auto rows = *decodeEventFrame(flipped, 120, kFiveWest);
-      ASSERT_EQ(rows, slowEvents(flipped, 3, 120, kFiveWest)) << place;
-      ASSERT_EQ(rows.size(), 3u);
-    }
   }
 }
 

@@ -138,8 +138,8 @@ TEST(PdfDocument, bookmarksHangInATree) {
 
 TEST(PdfDocument, formatsGoFromPageToPage) {
   PdfWorld world;
-  const char* expected[] = {"595 842",       "842 595",      "1190.55 841.89", "420.94 595.28",
-                            "420.94 595.28", "300.13 200.5", "300 200"};
+  const char* expected[] = {"595 842",      "842 595", "1190.55 841.89", "420.94 595.28", "420.94 595.28",
+                            "300.13 200.5", "300 200", "400 500",        "400 72"};
   world.pdf.PDFFormatPage(0);
   world.pdf.PDFOrientation(1);
   world.begin(world.folder / "");
@@ -158,6 +158,12 @@ TEST(PdfDocument, formatsGoFromPageToPage) {
   world.pdf.PDFFormatPage({300.126, 200.5});
   world.pdf.PDFNewPage();
   world.pdf.PDFOrientation(1);
+  world.pdf.PDFNewPage();
+  world.pdf.PDFOrientation(0);
+  world.pdf.PDFFormatPage({500, 400});
+  world.pdf.PDFNewPage();
+  world.pdf.PDFSetUnit(2);
+  world.pdf.PDFPageHeight(2.54);
   const std::string bytes = world.end().bytes();
   std::size_t at = 0;
   for (const std::string box : expected) {
@@ -188,6 +194,8 @@ TEST(PdfDocument, badSettingsTellAndFallBack) {
          pdf.PDFFormatPage({nan, 10});
        },
        "Format Page - ", "Format page set incorrectly :  10.\r\nFormat page set to A4."},
+      {[](LarkPDF& pdf) { pdf.PDFPageWidth(-1); }, "Format Page - ",
+       "Format page set incorrectly : -2.834645669291339 841.89.\r\nFormat page set to A4."},
       {[](LarkPDF& pdf) { pdf.PDFSetFont(5, 10, 0); }, "Font name - ",
        "Font name set incorrectly : 5.\r\nFont set to Times New Roman."},
       {[](LarkPDF& pdf) { pdf.PDFSetTextColor("12345"); }, "Text Color ",
@@ -241,8 +249,9 @@ TEST(PdfDocument, failuresLeaveTheOldFile) {
   EXPECT_EQ(world.messages.back().second,
             "Cannot write " + world.folder / "a.pdf" + ".\r\nthe document has too many objects");
   {
-    PdfWorld dropped;
-    dropped.begin();
+    LarkPDF dropped({world.folder / "", {}, {}, {}});
+    EXPECT_TRUE(dropped.PDFFileName("a.pdf"));
+    EXPECT_TRUE(dropped.PDFBeginDoc());
   }
   LarkPDF full({{}, {}, [&](auto& title, auto& text) { world.messages.emplace_back(title, text); }, {}});
   EXPECT_TRUE(full.PDFFileName("/dev/full"));

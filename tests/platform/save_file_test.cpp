@@ -57,6 +57,25 @@ TEST(SaveFile, AnyFailureBeforeTheEndKeepsTheOldFileAlone) {
   EXPECT_EQ(saveErrorText({}), "");
 }
 
+TEST(SaveFile, PiecesStandWhenTheyAreFinishedAndNotBefore) {
+  TempFolder folder;
+  folder.put("data", "old");
+  {
+    FileSave dropped;
+    EXPECT_TRUE(dropped.begin(folder / "data"));
+    EXPECT_TRUE(dropped.write("lost"));
+  }
+  EXPECT_EQ(entriesIn(folder / ""), 1);
+  FileSave save;
+  EXPECT_TRUE(save.begin(folder / "data"));
+  EXPECT_TRUE(save.write("one, "));
+  EXPECT_TRUE(save.write("two"));
+  EXPECT_EQ(folder.get("data"), "old");
+  EXPECT_TRUE(save.finish());
+  EXPECT_EQ(folder.get("data"), "one, two");
+  EXPECT_EQ(entriesIn(folder / ""), 1);
+}
+
 TEST(SaveFile, InterruptedAndShortWritesGoOnAndTheFolderIsSynced) {
   TempFolder folder;
   EXPECT_TRUE(saveFile(folder / "a", "ten bytes.", failing(SaveStep::Write, 2, EINTR)));

@@ -22,14 +22,11 @@ Counters counts(const std::array<std::int32_t, 7>& inOrder) {
 }
 
 TEST(StackedShares, RoundEachShareByItself) {
-  const struct {
-    std::array<std::int32_t, 7> counts;
-    StackedShares shares;
-  } rows[] = {{{0, 0, 0, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0}},
-              {{1, 1, 1, 0, 0, 0, 0}, {33, 66, 99, 99, 99, 99, 99}},
-              {{1, 1, 1, 1, 1, 1, 0}, {17, 34, 51, 68, 85, 102, 102}},
-              {{1, 3, 4, 0, 0, 0, 0}, {12, 50, 100, 100, 100, 100, 100}}};  // 12.5 and 37.5: halves to even
-  for (const auto& row : rows) EXPECT_EQ(stackedShares(counts(row.counts), 0), row.shares);
+  EXPECT_EQ(stackedShares({}, 0), (StackedShares{0, 0, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(stackedShares(counts({1, 1, 1, 1, 1, 1, 0}), 0), (StackedShares{17, 34, 51, 68, 85, 102, 102}));
+  // 12.5 and 37.5: halves to even.
+  EXPECT_EQ(stackedShares(counts({1, 3, 4, 0, 0, 0, 0}), 0),
+            (StackedShares{12, 50, 100, 100, 100, 100, 100}));
   // The second line leaves pointers 1, 3 and 6 alone, and their counts out of the total.
   EXPECT_EQ(stackedShares(counts({50, 1, 50, 2, 3, 50, 2}), 1),
             (StackedShares{none, 12, none, 37, 75, none, 100}));
@@ -65,27 +62,6 @@ TEST(GetPDevents, AFailedCounterIsZeroAndThoseBeforeStay) {
   EXPECT_FALSE(getPDevents(world.main));
   EXPECT_EQ(stackedShares(world.main.counters, 0), stackedShares(counts({1, 7, 0, 0, 1, 1, 1}), 0));
   EXPECT_EQ(world.main.measurement.POrecTxt.text(), "0");
-}
-
-TEST(Clearing, IsConfirmedByTheFirstLineOnly) {
-  World first;
-  first.device.device().setCount(Event::Surge, 5);
-  EXPECT_TRUE(setClrTSdata(first.main));
-  EXPECT_EQ(first.device.device().count(Event::Surge), 5u);
-  EXPECT_TRUE(setClrPDCounts(first.main));
-  EXPECT_EQ(first.device.device().count(Event::Surge), 0u);
-  EXPECT_EQ(first.commands(), (Texts{"s>Y", "s=Y"}));
-  first.device.addFault({.kind = FaultKind::Refuse});
-  EXPECT_FALSE(setClrPDCounts(first.main));
-
-  World second({.line = simulator::Line::Tessara});
-  second.device.device().image.record(simulator::ImageEvent::Surge, 10);
-  EXPECT_TRUE(setClrPDCounts(second.main));
-  second.run(20);
-  EXPECT_TRUE(setClrTSdata(second.main));
-  second.run(20);
-  EXPECT_EQ(second.commands(), (Texts{"z", "z"}));
-  EXPECT_EQ(second.device.device().image.count(simulator::ImageEvent::Surge), 0);
 }
 
 }  // namespace

@@ -40,14 +40,14 @@ TEST(LimitCodes, EveryByteIsReadAsTheDeviceReadsItAndWrittenBack) {
 }
 
 TEST(LimitCodes, AVoltageWithoutADigitIsLeftOutOfItsPair) {
-  const auto cutoffs = [](double OVcoVolts, double UVcoVolts) -> int {
-    const auto wire = limitWireBytes({OVcoVolts, 135, 0, 0, 100, UVcoVolts, 0});
-    return wire ? wire->cutoffs : -1;
-  };
-  EXPECT_EQ(cutoffs(155, 0), 0x31);
-  EXPECT_EQ(cutoffs(145, 40), 0x34);
-  EXPECT_EQ(cutoffs(160, 40), 0x0B);
-  EXPECT_EQ(cutoffs(155, 40), -1);
+  const struct {
+    double OVcoVolts, UVcoVolts;
+    int cutoffs;  // -1: nothing can be written
+  } cases[] = {{155, 0, 0x31}, {145, 40, 0x34}, {160, 40, 0x0B}, {155, 40, -1}};
+  for (const auto& c : cases) {
+    const auto wire = limitWireBytes({c.OVcoVolts, 135, 0, 0, 100, c.UVcoVolts, 0});
+    EXPECT_EQ(wire ? wire->cutoffs : -1, c.cutoffs) << c.OVcoVolts;
+  }
 }
 
 TEST(LimitRegisters, ValuesToBytesAndBack) {

@@ -35,50 +35,34 @@ const std::string kOn = "on! 26 -; off! - 28; off - -; ";
 const std::string kCycling = "off - 71; on 73 -; off - -; ";
 
 TEST(Outlets, EveryReplyHasItsButtons) {
-  const struct {
-    std::int16_t line;
-    const char* reply;
-    std::string shown;  // empty: refused, and the buttons stay as they were
-  } cases[] = {
-      {0, "0", kOff},
-      {0, "1Z", kOn},
-      {0, "C", kCycling},
-      {0, "G", faultShown(74)},
-      {0, "R", faultShown(75)},
-      {0, "S", faultShown(76)},
-      {0, "T", faultShown(77)},
-      {0, "V", faultShown(78)},
-      {1, "Off", kOff},
-      {1, "On", kOn},
-      {1, "CY", kCycling},
-      {1, "NG", faultShown(74)},
-      {1, "xRPx", faultShown(75)},
-      {1, "20", faultShown(76)},
-      {1, "On Of", kOff},
-      {0, "", ""},
-      {0, "X1", ""},
-      {0, "c", ""},
-      {1, "O", ""},
-      {1, "TV", ""},
-  };
-  for (const auto& c : cases) {
-    Script script(c.line);
+  // A reply, and what the buttons show then; nothing where it is refused and they stay as they were.
+  using Row = std::tuple<std::int16_t, const char*, std::string>;
+  for (const auto& [line, reply, buttons] : {Row{0, "0", kOff},
+                                             Row{0, "1Z", kOn},
+                                             Row{0, "C", kCycling},
+                                             Row{0, "G", faultShown(74)},
+                                             Row{0, "R", faultShown(75)},
+                                             Row{0, "S", faultShown(76)},
+                                             Row{0, "T", faultShown(77)},
+                                             Row{0, "V", faultShown(78)},
+                                             Row{0, "", ""},
+                                             Row{0, "X1", ""},
+                                             Row{0, "c", ""},
+                                             Row{1, "Off", kOff},
+                                             Row{1, "On", kOn},
+                                             Row{1, "CY", kCycling},
+                                             Row{1, "NG", faultShown(74)},
+                                             Row{1, "xRPx", faultShown(75)},
+                                             Row{1, "20", faultShown(76)},
+                                             Row{1, "On Of", kOff},
+                                             Row{1, "O", ""},
+                                             Row{1, "TV", ""}}) {
+    Script script(line);
     const std::string before = shown(script.main);
-    script.peer.answer(c.line == 0 ? "gQ" : "s", c.reply);
-    EXPECT_EQ(readOutlets(script.main), !c.shown.empty()) << c.reply;
-    EXPECT_EQ(shown(script.main), c.shown.empty() ? before : c.shown) << c.reply;
+    script.peer.answer(line == 0 ? "gQ" : "s", reply);
+    EXPECT_EQ(readOutlets(script.main), !buttons.empty()) << reply;
+    EXPECT_EQ(shown(script.main), buttons.empty() ? before : buttons) << reply;
   }
-}
-
-TEST(Outlets, AnArmedTextStaysWhileTheOutletsAreOn) {
-  Script script;
-  script.main.outlets.oOnBtn.setOnText(script.main.dict[27]);
-  script.main.outlets.oCycBtn.setOffText(script.main.dict[29]);
-  for (const char* reply : {"1", "0", "1"}) script.peer.answer("gQ", reply);
-  ASSERT_TRUE(getOutlets(script.main));
-  EXPECT_EQ(shown(script.main), "on! 27 -; off! - 29; off - -; ");
-  ASSERT_TRUE(getOutlets(script.main) && getOutlets(script.main));
-  EXPECT_EQ(shown(script.main), kOn);
 }
 
 TEST(Outlets, OnlyTheFirstLineConfirms) {

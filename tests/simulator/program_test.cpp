@@ -24,19 +24,6 @@ TEST(Program, ServesAPortThatIsOpenedManyTimes) {
   EXPECT_EQ(simulator.ask("gP", 10, 115200), "BENCH     ");
 }
 
-TEST(Program, HasLogsOfTheSiteItStandsAt) {
-  using namespace std::string_literals;
-  Running simulator(
-      {"--site", "growing-load", "--past", "3", "--chart-memory", "2", "--recording-hours", "1", "--fast"});
-  ASSERT_TRUE(comesTrue([&] { return simulator.linked(); }));
-  const std::string history = simulator.ask("gD", 110599, 115200, milliseconds(20'000));
-  ASSERT_EQ(history.size(), 110599u);
-  EXPECT_EQ(history[19], '0');
-  EXPECT_GE(static_cast<unsigned char>(history[21]), 144 * 16 / 256);  // three days of rows
-  const std::string page = simulator.ask("g`\x02\0"s, 32770, 115200, milliseconds(10'000));
-  EXPECT_EQ(page.substr(1, 4), "2STR");
-}
-
 TEST(Program, SignalsEndItAndRemoveItsLink) {
   for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
     Running simulator({"--port", "12"});

@@ -15,41 +15,6 @@ Site siteOf(std::uint64_t seed) {
   return Site({seed, 120.0, 60.0, 1709649000, true});
 }
 
-TEST(SiteTest, IsAFunctionOfSeedAndTimeAlone) {
-  const Site one = siteOf(7);
-  const Site again = siteOf(7);
-  const Site other = siteOf(8);
-  int different = 0;
-  for (double t = 50'000; t > -50'000; t -= 777.7) {
-    const SiteValues late = one.at(t + 3000);  // asked in another order
-    EXPECT_EQ(again.at(t).volts, one.at(t).volts);
-    EXPECT_EQ(again.at(t).watts, one.at(t).watts);
-    EXPECT_EQ(again.at(t + 3000).volts, late.volts);
-    different += other.at(t).volts != one.at(t).volts ? 1 : 0;
-  }
-  EXPECT_GT(different, 100);
-}
-
-TEST(SiteTest, ValuesAreThoseOfAnOrdinaryPlace) {
-  const Site site = siteOf(3);
-  std::map<int, int> loads;
-  for (double t = 0; t < kDay; t += 31.0) {
-    const SiteValues seen = site.at(t);
-    bool disturbed = false;
-    for (const Disturbance& d : site.disturbances(t - 60, t + 1)) disturbed |= t < d.start + d.seconds;
-    if (disturbed) continue;
-    ASSERT_NEAR(seen.volts, 120.0, 5.0) << t;
-    ASSERT_NEAR(seen.hertz, 60.0, 0.05);
-    ASSERT_NEAR(seen.crestFactor, 1.405, 0.02);
-    ASSERT_GT(seen.amps, 0.5);
-    ASSERT_LT(seen.amps, 18.0);
-    ASSERT_LE(seen.powerFactor, 1.0);
-    ASSERT_NEAR(seen.watts, seen.volts * seen.amps * seen.powerFactor, 0.001);
-    ++loads[static_cast<int>(seen.amps)];
-  }
-  EXPECT_GT(loads.size(), 6u);  // the load steps
-}
-
 TEST(SiteTest, DisturbancesComeInOrderAndShowInTheValues) {
   const Site site = siteOf(1);
   std::map<Kind, int> kinds;
@@ -95,30 +60,18 @@ TEST(Watching, CountsWhatTheSiteDoesBeyondTheDevicesOwnLimits) {
       line->device.device().site().add(row.disturbance);
       line->idle(30);
     }
+    std::map<Event, std::uint32_t> counted;
     for (std::size_t i = 0; i < kEvents; ++i) {
       const auto event = static_cast<Event>(i);
-      const auto expected = row.counted.find(event);
-      EXPECT_EQ(first.device.device().count(event), expected == row.counted.end() ? 0 : expected->second)
-          << static_cast<int>(row.disturbance.kind) << " " << row.disturbance.level << " event " << i;
+      if (const auto count = first.device.device().count(event)) counted[event] = count;
     }
+    EXPECT_TRUE(counted == row.counted) << row.disturbance.level;
     std::string image;
     for (int kind = 0; kind < 4; ++kind) {
       image += std::to_string(second.device.device().image.count(static_cast<ImageEvent>(kind)));
     }
     EXPECT_EQ(image, row.image) << row.disturbance.level;
   }
-}
-
-TEST(Watching, HeldVoltsHoldOffDisturbances) {
-  BenchLine line;
-  line.device.hold({.volts = 118.5});
-  line.device.device().site().add({Kind::Outage, 5, 60, 0});
-  line.idle(10);
-  EXPECT_EQ(line.device.truth().volts, 118.5);
-  EXPECT_NEAR(line.device.truth().hertz, 60.0, 0.1);
-  line.idle(kDay);
-  for (std::size_t i = 0; i < kEvents; ++i)
-    EXPECT_EQ(line.device.device().count(static_cast<Event>(i)), 0u) << i;
 }
 
 TEST(Watching, AVoltageAtABorderIsOneEventAndADeeperOneIsAnother) {
