@@ -1,5 +1,6 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -18,9 +19,9 @@ bool checkCOMsettings(Main& main);
 
 // Writes the required latency to every cable and reads it back. Empty when all of them have it; otherwise
 // what a person can do, in one line.
-std::string configureCables(const std::string& folder);
+std::string configureCables(const std::string& folder, std::span<const std::string> dict);
 
-// The cables and their settings for reading, a line each.
-std::string cablesText(const std::vector<UsbCable>& cables);
+// The cables and their settings for reading, a line each, or one line that there is none.
+std::string cablesText(const std::vector<UsbCable>& cables, std::span<const std::string> dict);
 
 }  // namespace zephon

@@ -16,15 +16,14 @@ constexpr std::size_t kKeyConfigure = 40;
 constexpr std::size_t kKeyNoRights = 44;
 
 void showCables(Main& main) {
-  const std::string text = cablesText(usbCables(main.around.folders.usbSerial));
-  main.com.cableLbl.setCaption(text.empty() ? "No cable of the conditioner's kind is plugged in." : text);
+  main.com.cableLbl.setCaption(cablesText(usbCables(main.around.folders.usbSerial), main.dict));
 }
 
 void configure(Main& main) {
   ComElements& page = main.com;
   page.detectComBtn.setEnabled(false);
   page.configComBtn.setEnabled(false);
-  const std::string refused = configureCables(main.around.folders.usbSerial);
+  const std::string refused = configureCables(main.around.folders.usbSerial, main.dict);
   page.detectComBtn.setEnabled(true);
   page.configComBtn.setEnabled(true);
   showCables(main);
