@@ -1,6 +1,7 @@
 #include "comm/cable.h"
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "platform/memory_line.h"
 #include "platform/virtual_loop.h"
@@ -10,9 +11,19 @@
 namespace zephon {
 namespace {
 
-using testing_support::FakeDialogs;
 using testing_support::UsbBench;
-using testing_support::WithoutRights;
+
+bool passesCheck(const UsbBench& usb) {
+  VirtualLoop loop;
+  const LoopClock clock(loop, 0, 0);
+  MemoryLine line(loop);
+  testing_support::FakeDialogs dialogs;
+  Main main({loop, line, clock, dialogs, {}});
+  main.around.folders.usbSerial = usb.folder();
+  const bool passed = checkCOMsettings(main);
+  EXPECT_EQ(main.exchange.shortfall.empty(), passed);
+  return passed;
+}
 
 struct Plugged {
   const char* name;
@@ -21,74 +32,54 @@ struct Plugged {
   const char* vendor = "0403";
 };
 
-struct Check {
-  std::vector<Plugged> cables;
-  bool good;
-  std::string text;  // as the page shows it
-};
-
 TEST(Cable, EveryOneOfOurKindHasTheLatency) {
-  const Check checks[] = {
-      {{}, true, "No cable of the conditioner's kind is plugged in."},
+  const std::string none = "No cable of the conditioner's kind is plugged in.";
+  const struct {
+    std::vector<Plugged> cables;
+    bool good;
+    std::string text;  // as the page shows it
+  } cases[] = {
+      {{}, true, none},
       {{{"ttyUSB0", "2"}}, true, "ttyUSB0: latency 2 ms, as it must be"},
-      {{{"ttyUSB0", "16"}}, false, "ttyUSB0: latency 16 ms, but 2 ms are needed"},
       {{{"ttyUSB0", "1"}}, false, "ttyUSB0: latency 1 ms, but 2 ms are needed"},
-      {{{"ttyUSB0", "16", "6015"}, {"ttyUSB1", "16", "6001", "067b"}},
-       true,
-       "No cable of the conditioner's kind is plugged in."},
-      {{{"ttyUSB10", "2"}, {"ttyUSB2", "3"}},
+      {{{"ttyUSB0", "16", "6015"}, {"ttyUSB1", "16", "6001", "067b"}}, true, none},
+      {{{"ttyUSB10", "2"}, {"ttyUSB2", "16"}},
        false,
-       "ttyUSB2: latency 3 ms, but 2 ms are needed\nttyUSB10: latency 2 ms, as it must be"},
-      {{{"ttyUSB0", ""}}, true, "ttyUSB0: its settings can't be read"},
+       "ttyUSB2: latency 16 ms, but 2 ms are needed\nttyUSB10: latency 2 ms, as it must be"},
       {{{"ttyUSB0", "2x"}}, true, "ttyUSB0: its settings can't be read"},
   };
-  for (const Check& check : checks) {
+  for (const auto& each : cases) {
     UsbBench usb;
-    for (const Plugged& one : check.cables) usb.plug(one.name, one.latency, one.product, one.vendor);
-    VirtualLoop loop;
-    const LoopClock clock(loop, 0, 0);
-    MemoryLine line(loop);
-    FakeDialogs dialogs;
-    Main main({loop, line, clock, dialogs, {}});
-    main.around.folders.usbSerial = usb.folder();
-    EXPECT_EQ(checkCOMsettings(main), check.good) << check.text;
-    EXPECT_EQ(main.exchange.shortfall.empty(), check.good) << check.text;
-    EXPECT_EQ(cablesText(usbCables(usb.folder()), {}), check.text);
+    for (const Plugged& one : each.cables) usb.plug(one.name, one.latency, one.product, one.vendor);
+    EXPECT_EQ(passesCheck(usb), each.good) << each.text;
+    EXPECT_EQ(cablesText(usbCables(usb.folder()), {}), each.text);
   }
 }
 
 TEST(Cable, AllOfOurKindAreWrittenAndNoOther) {
   UsbBench usb;
-  usb.plug("ttyUSB0", "16");
+  usb.plugForgetful("ttyUSB0");
   usb.plug("ttyUSB1", "255");
   usb.plug("ttyUSB2", "16", "6015");
-  EXPECT_EQ(configureCables(usb.folder(), {}), "");
-  EXPECT_EQ(usb.latency("ttyUSB0"), "2\n");
-  EXPECT_EQ(usb.latency("ttyUSB1"), "2\n");
-  EXPECT_EQ(usb.latency("ttyUSB2"), "16\n");
-  EXPECT_EQ(configureCables("/nonexistent", {}), "");
-}
-
-TEST(Cable, AValueThatDoesNotStickIsTold) {
-  UsbBench usb;
-  usb.plugForgetful("ttyUSB0");
-  usb.plug("ttyUSB1", "16");
   EXPECT_EQ(configureCables(usb.folder(), {}),
             "ttyUSB0: the driver did not keep the value. Unplug the cable and plug it in again.");
-  EXPECT_EQ(usb.latency("ttyUSB1"), "2\n");  // the others are set all the same
+  EXPECT_EQ(usb.latency("ttyUSB1"), "2\n");
+  EXPECT_EQ(usb.latency("ttyUSB2"), "16\n");
+  usb.unplug("ttyUSB0");
+  EXPECT_EQ(configureCables(usb.folder(), {}), "");
 }
 
+// As an ordinary user, also where the tests are run by root.
 TEST(Cable, WithoutTheRightTheCommandForItIsTold) {
   UsbBench usb;
   usb.plug("ttyUSB0", "16");
   usb.openToAll();
-  std::string advice;
-  {
-    const WithoutRights user;
-    advice = configureCables(usb.folder(), {});
-  }
-  EXPECT_NE(advice.find("echo 2 | sudo tee " + usb.folder() + "/ttyUSB0/latency_timer"), std::string::npos)
-      << advice;
+  std::filesystem::permissions(usb.latencyFile("ttyUSB0"), std::filesystem::perms(0444));
+  const uid_t before = ::geteuid();
+  ASSERT_EQ(::seteuid(before == 0 ? 65534 : before), 0);
+  const std::string advice = configureCables(usb.folder(), {});
+  ASSERT_EQ(::seteuid(before), 0);
+  EXPECT_NE(advice.find("echo 2 | sudo tee " + usb.latencyFile("ttyUSB0")), std::string::npos) << advice;
   EXPECT_EQ(usb.latency("ttyUSB0"), "16\n");
 }
 
