@@ -70,18 +70,14 @@ TEST_F(PortAdvice, ForbiddenNodeTellsOwnerGroupModeAndWhatToDo) {
   ::chmod(device_.c_str(), 0400);
   expectAdvice(device_, EACCES, "mode 0400): its owner may not read and write it: chmod u+rw " + device_);
   if (::geteuid() != 0) GTEST_SKIP() << "only root gives files away";
-  const struct {
-    gid_t group;
-    mode_t mode;
-    std::string words;
-  } cases[] = {
+  const std::tuple<gid_t, mode_t, const char*> cases[] = {
       {54322, 0640, "(owner 54321, group 54322, mode 0640): that mode keeps the group out: sudo chown"},
       {54322, 0660, "is not in that group: sudo usermod -aG 54322 "},
       {::getegid(), 0660, "is in that group, so something beyond"}};
-  for (const auto& one : cases) {
-    ASSERT_EQ(::chown(device_.c_str(), 54321, one.group), 0);
-    ::chmod(device_.c_str(), one.mode);
-    expectAdvice(device_, EACCES, one.words);
+  for (const auto& [group, mode, words] : cases) {
+    ASSERT_EQ(::chown(device_.c_str(), 54321, group), 0);
+    ::chmod(device_.c_str(), mode);
+    expectAdvice(device_, EACCES, words);
   }
 }
 

@@ -61,16 +61,6 @@ TEST(Thresholds, TheSecondLineGetsTwoBytesAndTellsThemInItsMemory) {
   }
 }
 
-TEST(Thresholds, AFailedReadLeavesTheScreenAlone) {
-  for (const std::string command : {"gH", "gK", "gZ"}) {
-    Limiter world(Line::Orvantis, 120, {1, 2, 3, 4, 5, 6, 7});
-    world.device.addFault({.kind = FaultKind::Silent, .only = command});
-    EXPECT_FALSE(getThresholds(world.main)) << command;
-    EXPECT_EQ(world.shown(), (LimitValues{1, 2, 3, 4, 5, 6, 7})) << command;
-    EXPECT_EQ(world.main.limits.OVco != 0, command == "gZ") << command;
-  }
-}
-
 TEST(Thresholds, TheFirstRefusalEndsTheWriting) {
   const std::tuple<Line, const char*, std::size_t> cases[] = {
       {Line::Orvantis, "s9", 3}, {Line::Orvantis, "sB", 7}, {Line::Tessara, "a", 1}, {Line::Tessara, "b", 2}};

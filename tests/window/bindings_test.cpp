@@ -218,6 +218,7 @@ TEST_F(Bindings, AMeterTellsItsZoneInWords) {
   page.EUtxt.setText("12.5000");
   auto* energy = find<ReadingButton>(page.EUtxt);
   EXPECT_EQ(energy->text(), "12.5000 kWh");
+  QTest::mouseClick(energy, Qt::RightButton);
   QTest::keyClick(energy, Qt::Key_Return);
   EXPECT_EQ(folds, 1);
 }
