@@ -63,12 +63,13 @@ double residentMiB() {
   return resident * 4096 / (1 << 20);
 }
 
-// Turns the loop until the plot has been painted.
+// Does some work, and turns the loop until the plot has been painted with it.
 class Painted : public QObject {
  public:
   explicit Painted(QWidget& plot) : plot_(plot) { plot.installEventFilter(this); }
-  void wait() {
+  void with(const std::function<void()>& work) {
     painted_ = false;
+    work();
     while (!painted_) QApplication::processEvents();
   }
   bool eventFilter(QObject* object, QEvent* event) override {
@@ -231,20 +232,14 @@ int tellCost(Kind kind, std::size_t rows) {
   QApplication application(argc, argv);
   const auto program = programOf(kind);
   Painted painted(program->plot());
-  program->fill(2);
-  painted.wait();
+  painted.with([&] { program->fill(2); });
   const double before = residentMiB();
-  program->fill(rows);
-  painted.wait();
-  if (kind == Kind::OursLastHour) {
-    static_cast<OurChart&>(*program).showLastHour();
-    painted.wait();
-  }
+  painted.with([&] { program->fill(rows); });
+  if (kind == Kind::OursLastHour) painted.with([&] { static_cast<OurChart&>(*program).showLastHour(); });
   std::vector<double> costs;
   for (int i = 0; i < kWarmUps + kTicks; ++i) {
     const Millis begun = processorTime();
-    program->tick();
-    painted.wait();
+    painted.with([&] { program->tick(); });
     if (i >= kWarmUps) costs.push_back((processorTime() - begun).count());
   }
   std::printf("%f %f\n", median(costs), residentMiB() - before);
