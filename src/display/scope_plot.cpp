@@ -9,6 +9,7 @@ namespace zephon {
 namespace {
 
 constexpr std::size_t kKeyTime = 56;
+constexpr std::size_t kKeyOneShot = 184;
 constexpr char kLevelPicture[] = "###0.##0";
 
 // A channel of one capture.
@@ -107,8 +108,9 @@ void showLevel(Main& main) {
   const Graph::Cursor cursor = levelCursor(main.capture);
   graph.setCursor(0, cursor);
   for (std::size_t i = 0; i < kScopeChannels.size(); ++i) {
-    const std::string level =
-        formatPicture(main.capture.oneShotLevel, kLevelPicture) + ' ' + kScopeChannels[i].unit;
+    const std::string level = dictText(main, kKeyOneShot) + ' ' +
+                              formatPicture(main.capture.oneShotLevel, kLevelPicture) + ' ' +
+                              kScopeChannels[i].unit;
     graph.setAnnotation(i, cursor.plot == i ? level : "");
   }
 }

@@ -136,7 +136,7 @@ TEST(ScopePage, OneShotHoldsThePictureThatGoesBeyondTheLevel) {
   const Graph::Cursor armed = world.graph.cursors().at(0);
   EXPECT_TRUE(armed.visible && armed.horizontal && armed.plot == 0U);
   EXPECT_EQ(armed.y, 300);
-  EXPECT_EQ(world.graph.plots()[0].annotation, "300.000 V");
+  EXPECT_EQ(world.graph.plots()[0].annotation, "One Shot 300.000 V");
   world.press(world.s.holdBtn);
   EXPECT_EQ(world.s.holdBtn.caption(), world.main.dict[24]);
   world.run(1000);
