@@ -9,13 +9,9 @@
 namespace zephon {
 namespace {
 
-constexpr char kNoFinding[] =
-    "Analysis of the acquired data shows no indication of improper connected "
-    "equipment operation or power quality concerns.";
-
 RowNumbers chosenRows(const Main& main) {
   const int index = main.frame.findingsList.index();
-  const std::vector<FindingLine> lines = findingLines(main.findings);
+  const std::vector<ListedFinding> lines = listedFindings(main.findings);
   if (index < 0 || static_cast<std::size_t>(index) >= lines.size()) return {};
   const auto slot = lines[static_cast<std::size_t>(index)].slot;
   return slot ? main.findings.rows[*slot] : RowNumbers{};
@@ -54,20 +50,20 @@ std::vector<double> marksOf(const Main& main, const RowNumbers& rows) {
 
 }  // namespace
 
-std::vector<FindingLine> findingLines(const Findings& findings) {
-  std::vector<FindingLine> lines;
+std::vector<ListedFinding> listedFindings(const Findings& findings) {
+  std::vector<ListedFinding> lines;
   for (std::size_t slot = 0; slot < kFindingSlots; ++slot) {
     if (!findings.findingFlags[slot]) continue;
     const std::string number = padded(static_cast<std::int64_t>(lines.size()) + 1, 2);
     lines.push_back({slot, number + ". " + findings.findingTexts[slot]});
   }
-  if (lines.empty()) lines.push_back({{}, std::string("01. ") + kNoFinding});
+  if (lines.empty()) lines.push_back({{}, std::string("01. ") + kNothingFound});
   return lines;
 }
 
 void showFindings(Main& main) {
   std::vector<std::string> texts;
-  for (FindingLine& line : findingLines(main.findings)) texts.push_back(std::move(line.text));
+  for (ListedFinding& line : listedFindings(main.findings)) texts.push_back(std::move(line.text));
   main.frame.findingsList.setItems(std::move(texts));
   main.frame.findingsList.setVisible(true);
 }

@@ -12,13 +12,13 @@ namespace zephon {
 // log and in its graph.
 
 // A finding as it is told: "01. Power usage is trending upward. ..."
-struct FindingLine {
+struct ListedFinding {
   std::optional<std::size_t> slot;  // none of the line that says that there is no finding
   std::string text;
 };
 
 // The raised findings in the order of their slots, numbered from 1, or the one line that there is none.
-std::vector<FindingLine> findingLines(const Findings& findings);
+std::vector<ListedFinding> listedFindings(const Findings& findings);
 
 // Fills and shows findingsList.
 void showFindings(Main& main);

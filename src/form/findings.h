@@ -12,6 +12,11 @@ namespace zephon {
 
 inline constexpr std::size_t kFindingSlots = 56;
 
+// What is told when no slot is raised, in every language.
+inline constexpr char kNothingFound[] =
+    "Analysis of the acquired data shows no indication of improper connected "
+    "equipment operation or power quality concerns.";
+
 // Numbers of a table's rows, ascending, each once.
 using RowNumbers = std::vector<std::size_t>;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "form/findings.h"
 #include "text/picture.h"
 
 namespace zephon {
@@ -11,9 +12,6 @@ constexpr std::size_t kLine = 130;
 constexpr std::size_t kTwoLines = 260;
 constexpr char kNumberPicture[] = "00";
 constexpr char kIndent[] = "      ";
-constexpr char kNothingFound[] =
-    "Analysis of the acquired data shows no indication of improper connected "
-    "equipment operation or power quality concerns.";
 
 bool startsCharacter(char byte) {
   return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
