@@ -88,6 +88,18 @@ void fillRest(Main& main) {
   main.scope.p1downBtn.setTexts("Ch1: 100 V/Div");
 }
 
+// In the middle of a search.
+void fillCom(ComElements& page) {
+  page.detectComBtn.setTexts("Searching...");
+  page.detectComBtn.setValue(true);
+  page.configComBtn.setEnabled(false);
+  page.searchProgSlide.setVisible(true);
+  page.searchProgSlide.setValue(72);
+  page.portFoundLbl.setCaption("COM72. Press again to stop.");
+  page.cableLbl.setCaption(
+      "ttyUSB0: latency 16 ms, but 2 ms are needed\nttyUSB1: latency 2 ms, as it must be");
+}
+
 struct Shot {
   const char* name;
   bool Pages::*page;
@@ -113,6 +125,7 @@ void shoot(const QString& folder, const QString& look, const QSize& size) {
       "Check that the conditioner has power and that the cable is plugged in at both ends.");
   main.frame.comBtn.setValue(true);
   bare.open(&Pages::comOn);
+  fillCom(main.com);
   save(QStringLiteral("com"));
   main.frame.comBtn.setValue(false);
   main.frame.adviceLbl.setCaption("");
