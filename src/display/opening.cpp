@@ -4,6 +4,7 @@
 #include "display/file_questions.h"
 #include "files/chart_csv.h"
 #include "files/dat_file.h"
+#include "files/dictionary_file.h"
 #include "files/event_csv.h"
 #include "files/history_csv.h"
 #include "logs/chart_download.h"
@@ -15,6 +16,7 @@
 namespace zephon {
 namespace {
 
+constexpr std::size_t kKeyLanguageName = 0;
 constexpr std::size_t kKeyNotRead = 169;
 constexpr std::size_t kExtensionLetters = 3;
 
@@ -56,19 +58,43 @@ bool take(Main& main, FileReading<Table>& reading, Table& table) {
   return true;
 }
 
-// Event texts are found again only in the language that wrote them.
-void tellUnknownEvents(Main& main, std::size_t unknown, std::size_t all) {
-  if (unknown == 0) return;
-  main.around.dialogs.message(
-      std::to_string(unknown) + " of " + std::to_string(all) + " events have names of another language.",
-      "Choose the language in which the file was saved, and open it again.");
+// An event log, and the name of the language it was read by, where that is another one than the tool's.
+struct EventsRead {
+  EventCsvReading reading;
+  std::string language;
+};
+
+// Event texts are found again only in the language that wrote them: the first one that knows them all.
+EventsRead readInAnyLanguage(const Main& main, const std::string& content) {
+  EventsRead own{readEventCsv(content, main.dict), {}};
+  if (own.reading.unknownEvents == 0) return own;
+  const std::string& folder = main.around.folders.program;
+  for (const std::string& code : languagesIn(folder)) {
+    const DictionaryFile other = readDictionary(folder, code);
+    if (!other.fault.empty()) continue;
+    EventCsvReading reading = readEventCsv(content, other.entries);
+    if (reading && reading.unknownEvents == 0) return {std::move(reading), other.entries[kKeyLanguageName]};
+  }
+  return own;
+}
+
+void tellLanguage(Main& main, const EventsRead& events) {
+  Dialogs& dialogs = main.around.dialogs;
+  const std::size_t unknown = events.reading.unknownEvents;
+  if (unknown > 0) {
+    dialogs.message(filledText(dictText(main, words::kUnknownEvents),
+                               {std::to_string(unknown), std::to_string(main.logs.tsData.size())}),
+                    dictText(main, words::kChooseLanguage));
+  } else if (!events.language.empty()) {
+    dialogs.message(filledText(dictText(main, words::kReadByLanguage), {events.language}), {});
+  }
 }
 
 void openEventCsv(Main& main, const std::string& content) {
-  EventCsvReading reading = readEventCsv(content, main.dict);
-  if (!take(main, reading, main.logs.tsData)) return;
+  EventsRead events = readInAnyLanguage(main, content);
+  if (!take(main, events.reading, main.logs.tsData)) return;
   showEvents(main);
-  tellUnknownEvents(main, reading.unknownEvents, main.logs.tsData.size());
+  tellLanguage(main, events);
 }
 
 void openEventDat(Main& main, const std::string& content) {

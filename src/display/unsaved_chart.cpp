@@ -14,7 +14,7 @@ void keepChartRows(Main& main) {
                                       rows.first(finishedChartRows(main)), main.dict);
   if (kept || journal.failureTold) return;
   journal.failureTold = true;
-  main.frame.noticeLbl.setCaption(filledText(dictText(main, words::kRowsNotKept), {saveErrorText(kept)}));
+  main.frame.noticeLbl.setCaption(filledText(dictText(main, words::kNoJournal), {saveErrorText(kept)}));
 }
 
 void chartSaved(Main& main) {
@@ -28,7 +28,7 @@ bool chartWasLeft(const Main& main) {
 void tellUnsavedCharts(Main& main) {
   const std::vector<std::string> charts = takeOverJournals(main.around.folders.state);
   if (charts.empty()) return;
-  const Word& notice = charts.size() == 1 ? words::kRowsKept : words::kMoreRowsKept;
+  const Word& notice = charts.size() == 1 ? words::kUnsavedChart : words::kUnsavedCharts;
   main.frame.noticeLbl.setCaption(
       filledText(dictText(main, notice), {charts.back(), std::to_string(charts.size() - 1)}));
 }

@@ -1,15 +1,12 @@
 #include "shell/dictionary.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "display/link_status.h"
+#include "files/dictionary_file.h"
 #include "protocol/asking.h"
 #include "protocol/options.h"
 #include "shell/configuration.h"
-#include "shell/dictionary_file.h"
 #include "shell/dictionary_texts.h"
 
 namespace zephon {
@@ -17,25 +14,11 @@ namespace {
 
 constexpr std::size_t kFirstFinding = 215;
 
-std::string pathOf(const Main& main) {
-  return main.around.folders.program + "/" + main.config.language + ".dictionary";
-}
-
-std::vector<std::string> filesIn(const std::string& folder) {
-  std::vector<std::string> names;
-  std::error_code fault;
-  for (const auto& entry : std::filesystem::directory_iterator(folder, fault)) {
-    if (!entry.is_directory(fault)) names.push_back(entry.path().filename().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
-
 // While the list is disabled its handler ignores the change.
 void fillLanguageList(Main& main) {
   Combo& list = main.com.langCombo;
   list.setEnabled(false);
-  list.setItems(languagesAmong(filesIn(main.around.folders.program)));
+  list.setItems(languagesIn(main.around.folders.program));
   const auto& items = list.items();
   const auto current = std::find(items.begin(), items.end(), main.config.language);
   list.setIndex(current == items.end() ? 0 : static_cast<int>(current - items.begin()));
@@ -58,11 +41,8 @@ void fillFindingTexts(Main& main) {
 }  // namespace
 
 std::string loadDictionary(Main& main) {
-  const std::string path = pathOf(main);
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return path + " is missing or can't be read";
-  DictionaryFile read = parseDictionary(std::string(std::istreambuf_iterator<char>(file), {}));
-  if (!read.fault.empty()) return path + ": " + read.fault;
+  DictionaryFile read = readDictionary(main.around.folders.program, main.config.language);
+  if (!read.fault.empty()) return read.fault;
   main.dict = std::move(read.entries);
   fillLanguageList(main);
   showTexts(main);

@@ -5,7 +5,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "shell/dictionary_file.h"
+#include "files/dictionary_file.h"
 #include "shell/tool.h"
 
 namespace zephon {

@@ -18,8 +18,14 @@ struct DictionaryFile {
 
 DictionaryFile parseDictionary(std::string_view text);
 
+// The dictionary of a language in a folder; its fault names the file.
+DictionaryFile readDictionary(const std::string& folder, const std::string& language);
+
 // The codes of the languages among the names of a folder, in the folder's order: what stands before
 // ".dictionary" in each name that holds it, in any case of letters.
 std::vector<std::string> languagesAmong(const std::vector<std::string>& names);
+
+// The languages in a folder, in the order of their names.
+std::vector<std::string> languagesIn(const std::string& folder);
 
 }  // namespace zephon

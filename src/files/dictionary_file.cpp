@@ -1,4 +1,9 @@
-#include "shell/dictionary_file.h"
+#include "files/dictionary_file.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 
 #include "text/strings.h"
 #include "text/windows1252.h"
@@ -8,6 +13,16 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kSuffix = ".dictionary";
+
+std::vector<std::string> filesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code fault;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, fault)) {
+    if (!entry.is_directory(fault)) names.push_back(entry.path().filename().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
 
 std::string faultOf(const DictionaryFile& file, std::string_view text) {
   if (text.find('\0') != std::string_view::npos || !isUtf8(text)) return "it is not UTF-8 text";
@@ -32,6 +47,15 @@ DictionaryFile parseDictionary(std::string_view text) {
   return file;
 }
 
+DictionaryFile readDictionary(const std::string& folder, const std::string& language) {
+  const std::string path = folder + "/" + language + std::string(kSuffix);
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return {{}, path + " is missing or can't be read"};
+  DictionaryFile read = parseDictionary(std::string(std::istreambuf_iterator<char>(file), {}));
+  if (!read.fault.empty()) read.fault = path + ": " + read.fault;
+  return read;
+}
+
 std::vector<std::string> languagesAmong(const std::vector<std::string>& names) {
   std::vector<std::string> codes;
   for (const std::string& name : names) {
@@ -39,6 +63,10 @@ std::vector<std::string> languagesAmong(const std::vector<std::string>& names) {
     if (suffix != std::string::npos) codes.push_back(name.substr(0, suffix));
   }
   return codes;
+}
+
+std::vector<std::string> languagesIn(const std::string& folder) {
+  return languagesAmong(filesIn(folder));
 }
 
 }  // namespace zephon
