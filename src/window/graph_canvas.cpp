@@ -9,10 +9,11 @@
 namespace zephon {
 namespace {
 
-constexpr std::size_t kTitled = 3;   // so many axes have titles; of more there is room for the units
-constexpr int kTitledWidth = 520;    // pixels of a graph whose axes have titles
-constexpr int kPixelsAMoment = 110;  // between two dates on an axis
+constexpr std::size_t kTitled = 3;  // so many axes have titles; of more there is room for the units
+constexpr int kTitledWidth = 520;   // pixels of a graph whose axes have titles
+constexpr int kPixelsAMoment = 90;  // between two dates on an axis
 constexpr int kPixelsANumber = 45;
+constexpr double kSmall = 0.88;  // of the letters, on many axes
 
 }  // namespace
 
@@ -20,6 +21,7 @@ GraphCanvas::GraphCanvas(Graph& element, QWidget* parent) : QCustomPlot(parent),
   setFocusPolicy(Qt::NoFocus);  // the keys are the view's
   setInteractions(QCP::Interactions());
   setMouseTracking(true);
+  setAttribute(Qt::WA_NoMousePropagation, false);  // the menu is the view's too
   layer(QStringLiteral("overlay"))->setMode(QCPLayer::lmLogical);
   build();
 }
@@ -116,6 +118,8 @@ void GraphCanvas::titleAxes() {
       std::count_if(axes.begin(), axes.end(), [](const auto& a) { return a.visible; }));
   const bool titled = visible <= kTitled && width() >= kTitledWidth;
   const int ticks = std::clamp(axisRect()->height() / kPixelsANumber, 2, 8);
+  QFont letters = font();
+  if (!titled) letters.setPointSizeF(letters.pointSizeF() * kSmall);
   bool grid = true;  // the first visible axis alone draws one
   for (std::size_t i = 0; i < axes_.size(); ++i) {
     YAxis& one = axes_[i];
@@ -133,7 +137,9 @@ void GraphCanvas::titleAxes() {
     const QColor ink = plotted && visible > 1
                            ? plotStyle(static_cast<std::size_t>(on - plots.begin()), palette()).colour
                            : text;
-    dress(*one.axis, font(), palette(), ink, grid && axes[i].visible);
+    dress(*one.axis, letters, palette(), ink, grid && axes[i].visible);
+    one.axis->setPadding(titled ? 5 : 1);
+    one.axis->setTickLabelPadding(titled ? 5 : 2);
     if (axes[i].visible) grid = false;
   }
 }

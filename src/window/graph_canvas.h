@@ -103,6 +103,7 @@ class GraphCanvas : public QCustomPlot {
   std::uint64_t picture_ = 0;     // the element's for which these were made
   std::vector<YAxis> axes_;       // one an axis of the element
   std::vector<PlotLine*> lines_;  // the library's, one a plot
+  LineSymbols symbols_{*this, lines_};
   GraphMarks marks_{*this};
   std::vector<double> marked_;
   std::vector<std::unique_ptr<CursorLine>> cursors_;

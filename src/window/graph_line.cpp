@@ -4,13 +4,15 @@
 #include <cmath>
 #include <utility>
 
+#include "window/colours.h"
+
 namespace zephon {
 namespace {
 
 constexpr double kNarrow = 1;          // pixels that a stretch may be wide to be drawn as one
 constexpr qsizetype kDense = 1500;     // points from which on a line is drawn thin
 constexpr double kSymbolsApart = 110;  // pixels, about
-constexpr double kSymbolSize = 8;
+constexpr double kSymbolSize = 9;
 
 }  // namespace
 
@@ -133,25 +135,30 @@ void PlotLine::draw(QCPPainter* painter) {
     painter->setPen(piece.size() > 1 ? line : dot);
     piece.size() > 1 ? painter->drawPolyline(piece) : painter->drawPoints(piece);
   }
-  drawSymbols(*painter, stretch);
 }
 
 // On points whose numbers are round, so that they stay where they are as the plot grows, and beside those of
 // the other plots.
-void PlotLine::drawSymbols(QCPPainter& painter, const Stretch& stretch) const {
+void PlotLine::drawSymbols(QCPPainter& painter) const {
+  const Stretch stretch = inView();
   if (stretch.first >= stretch.end) return;
   const double width = std::abs(keyAxis()->coordToPixel(data_->x(stretch.end - 1)) -
                                 keyAxis()->coordToPixel(data_->x(stretch.first)));
   const double each = static_cast<double>(stretch.end - stretch.first) * kSymbolsApart / std::max(width, 1.0);
   std::size_t stride = 1;
   while (static_cast<double>(stride) < each) stride *= 2;
-  painter.setAntialiasing(true);
-  QCPScatterStyle symbol(style_.symbol, kSymbolSize);
-  symbol.setPen(QPen(style_.colour, 1.4));
-  symbol.applyTo(&painter, QPen(style_.colour));
+  const QPen pen(style_.colour, 2);
+  const QCPScatterStyle symbol(style_.symbol, pen, tone(Tone::Card, mParentPlot->palette()), kSymbolSize);
+  symbol.applyTo(&painter, pen);
   const std::size_t shift = number_ * stride / 8 % stride;
   for (std::size_t i = (stretch.first / stride) * stride + shift; i < stretch.end; i += stride) {
     if (i >= stretch.first && std::isfinite(data_->y(i))) symbol.drawShape(&painter, pixelOf(i));
+  }
+}
+
+void LineSymbols::draw(QCPPainter* painter) {
+  for (const PlotLine* line : lines_) {
+    if (line->realVisibility()) line->drawSymbols(*painter);
   }
 }
 

@@ -37,6 +37,9 @@ class PlotLine : public QCPAbstractPlottable {
   // The points through which the line was last drawn, a piece between gaps each.
   const std::vector<QPolygonF>& pieces() const { return pieces_; }
 
+  // The symbols on the line as it was last drawn.
+  void drawSymbols(QCPPainter& painter) const;
+
   double selectTest(const QPointF& /*pos*/, bool /*only*/, QVariant* /*details*/) const override {
     return -1;
   }
@@ -60,7 +63,6 @@ class PlotLine : public QCPAbstractPlottable {
   void take(const Extremes::Pair& pair);
   void flush();
   QPointF pixelOf(std::size_t index) const;
-  void drawSymbols(QCPPainter& painter, const Stretch& stretch) const;
 
   std::shared_ptr<const PlotData> data_;
   Extremes extremes_;
@@ -70,6 +72,22 @@ class PlotLine : public QCPAbstractPlottable {
   std::vector<QPolygonF> pieces_;
   Extremes::Pair column_{Extremes::kNone, Extremes::kNone};
   double columnPixel_ = 0;
+};
+
+// The symbols of all lines, above all lines.
+class LineSymbols : public QCPLayerable {
+ public:
+  // The lines have to stand whenever the plot is drawn.
+  LineSymbols(QCustomPlot& plot, const std::vector<PlotLine*>& lines)
+      : QCPLayerable(&plot, QStringLiteral("legend")), lines_(lines) {}
+
+ protected:
+  QRect clipRect() const override { return mParentPlot->axisRect()->rect(); }
+  void applyDefaultAntialiasingHint(QCPPainter* painter) const override { painter->setAntialiasing(true); }
+  void draw(QCPPainter* painter) override;
+
+ private:
+  const std::vector<PlotLine*>& lines_;
 };
 
 }  // namespace zephon
