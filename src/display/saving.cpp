@@ -103,7 +103,10 @@ const Writer* writerOf(Saved what) {
 }
 
 bool wantsRaw(const Main& main, const Writer& writer) {
-  return writer.hasRawForm && main.frame.saveBtn.caption() == kRaw && !main.logs.rawLogBuffer.empty();
+  // The second line's events come out of its memory image, which is no log's raw form.
+  const bool imaged = writer.kind == FileKind::Events && main.link.modelLine == 1;
+  return writer.hasRawForm && !imaged && main.frame.saveBtn.caption() == kRaw &&
+         !main.logs.rawLogBuffer.empty();
 }
 
 std::string rawFile(const Main& main, const Writer& writer) {

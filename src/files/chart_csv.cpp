@@ -44,13 +44,24 @@ std::optional<Layout> layoutToRead(std::size_t names) {
   return Layout(kTwoVoltages).first(names - kPlain);
 }
 
+// The load's current and power are named in two columns each, "Load" and the quantity, though a row has one
+// field for either: readers of these files count on twelve names above ten fields.
 std::vector<std::string> columnNames(Layout layout, std::span<const std::string> dict) {
   const auto of = [&](int key) { return dictText(dict, key); };
-  const std::array<std::string, 9> names = {
-      "",      of(201), of(143) + ' ' + of(140), of(143) + ' ' + of(141), "N-G " + of(139), of(202), of(129),
-      of(130), of(131)};
+  const std::array<std::vector<std::string>, 9> names = {{{},
+                                                          {of(201)},
+                                                          {of(143), of(140)},
+                                                          {of(143), of(141)},
+                                                          {"N-G " + of(139)},
+                                                          {of(202)},
+                                                          {of(129)},
+                                                          {of(130)},
+                                                          {of(131)}}};
   std::vector<std::string> columns = {of(55), of(56)};
-  for (const Quantity& quantity : layout) columns.push_back(names[quantity.column]);
+  for (const Quantity& quantity : layout) {
+    const auto& more = names[quantity.column];
+    columns.insert(columns.end(), more.begin(), more.end());
+  }
   return columns;
 }
 

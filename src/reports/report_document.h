@@ -48,7 +48,7 @@ class ReportDocument {
   void writeUpTo(std::size_t line, double x, std::string_view text, bool bold = false);
   // A thin rule under a line, across the page.
   void rule(std::size_t line);
-  // The size of the body from here on: 8 points, or 7 where a text needs it to stay on the page.
+  // The size of the body from here on: 8 points, or as few as 6 where a text needs it to stay on the page.
   void fitBody(std::span<const std::string> lines);
 
   double right() const { return pdf_.PDFGetPageWidth() - 30; }

@@ -63,7 +63,9 @@ bool startPolling(Main& main, const PageVisit& /*visit*/) {
 }
 
 bool readSetup(Main& main, const PageVisit& /*visit*/) {
-  return readSetupPage(main);
+  if (!readSetupPage(main)) return false;
+  main.frame.saveBtn.setVisible(true);  // what has been read can be saved as a report
+  return true;
 }
 
 bool readData(Main& main, const PageVisit& /*visit*/) {

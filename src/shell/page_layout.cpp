@@ -167,6 +167,7 @@ void hideSetupPage(Main& main) {
   main.timers.Timer3.setEnabled(false);
   setupPage(main, false);
   setupGates(main, {});
+  main.frame.saveBtn.setVisible(chartWasLeft(main));
 }
 
 void hideMeasurementPage(Main& main) {

@@ -69,6 +69,19 @@ TEST_F(Opening, EventsOfAnotherLanguageAreToldInOneLine) {
   EXPECT_EQ(world.main.link.userID + std::to_string(world.main.link.nominalVolts), "BENCH 7240");
 }
 
+TEST_F(Opening, EventsAreReadByTheInstalledLanguageThatKnowsThemAll) {
+  world.main.around.folders.program = ZEPHON_RESOURCES;
+  const std::string german = kEventHead + "05/31/13,14:02:07,\xDC" + "berspannung,133\r\n";
+  open(world.d.tsDataBtn, world.folder.put("de.csv", german + "05/31/13,14:02:09,Netzausfall,\r\n"));
+  ASSERT_EQ(logs.tsData.size(), 2U);
+  EXPECT_EQ(logs.tsData[0][6], 8);
+  EXPECT_EQ(logs.tsData[1][6], 1);
+  ASSERT_EQ(world.dialogs.shown().size(), 2U);
+  EXPECT_NE(world.dialogs.texts()[1].find("(Deutsch)"), std::string::npos) << world.dialogs.texts()[1];
+  open(world.d.tsDataBtn, world.folder.put("mixed.csv", german + "05/31/13,14:02:09,Surge,\r\n"));
+  EXPECT_EQ(world.dialogs.texts()[1], "1 of 2 events have names of another language.");
+}
+
 TEST_F(Opening, AChartOfTheSecondLineIsShownAndSavedWithWhatItHas) {
   const std::string head =
       "03/05/2024 09:30:00\r\nID: TessaraPCS\r\nFirmware Version: 2.00\r\nSoftware Version: 4.4\r\n"

@@ -100,7 +100,7 @@ TEST(HistoryCsv, namesTheLineAtFault) {
 }
 
 const std::string kChartNames =
-    "Date,Time,Line Voltage,Load Current,Load Power,N-G Voltage,Frequency,Power Factor,"
+    "Date,Time,Line Voltage,Load,Current,Load,Power,N-G Voltage,Frequency,Power Factor,"
     "Crest Factor,Energy Usage";
 const LogTable<9> kChart = {{41425.5, 120.5, 1.5, -4, 0.25, 60, -0.5, 1.414, 232},
                             {41425.5 + 10.2 / 86400, 119.5, 0, 0, 12.3456, 5, 0, 1, 0.00004}};
@@ -115,11 +115,11 @@ TEST(ChartCsv, writesAndReadsItsFile) {
   const std::string file = chartCsv(kStamp, kChart, FileKind::LiveChart, dict);
   EXPECT_EQ(file, head("Chart Data", kChartNames) + rows);
   const LogTable<9> expected = {kChart[0], {41425.5 + 10 / 86400.0, 119.5, 0, 0, 12.346, 5, 0, 1, 0}};
-  const std::string twelve = replaced(file, "Load Current,Load Power", "Load,Current,Load,Power");
+  const std::string ten = replaced(file, "Load,Current,Load,Power", "Load Current,Load Power");
   const std::string torn =
       replaced(replaced(file.substr(file.find("05/31/2013,")), ".", ","), "0,000,", "0,000,");
   for (const std::string& same :
-       {file, twelve, head("Chart Data", kChartNames) + torn, replaced(file, "/2013,", "/13,"),
+       {file, ten, head("Chart Data", kChartNames) + torn, replaced(file, "/2013,", "/13,"),
         "MYDEVICE12 Chart\r\n" + rows, replaced(file, "05/31/2013,", "05-31-2013,")}) {
     const auto reading = readChartCsv(same, dict);
     ASSERT_TRUE(reading) << faultText(*reading.fault) << same;

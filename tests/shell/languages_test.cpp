@@ -43,7 +43,7 @@ std::string faultOf(const std::string& text, const std::string& english) {
   return {};
 }
 
-TEST(Languages, EveryLineStandsBesideTheEnglishOne) {
+TEST(LanguageFiles, EveryLineStandsBesideTheEnglishOne) {
   const std::vector<std::string> english = entriesOf("EN");
   const std::vector<std::string> languages = languagesIn(ZEPHON_RESOURCES);
   EXPECT_EQ(languages, (std::vector<std::string>{"DE", "EN", "ES", "FR"}));
@@ -60,7 +60,7 @@ TEST(Languages, EveryLineStandsBesideTheEnglishOne) {
   EXPECT_EQ(names.size(), languages.size()) << "key 0 is the language's own name";
 }
 
-TEST(Languages, WhatIsReadBackOrNamesAFileCanBe) {
+TEST(LanguageFiles, WhatIsReadBackOrNamesAFileCanBe) {
   for (const std::string& language : languagesIn(ZEPHON_RESOURCES)) {
     const std::vector<std::string> entries = entriesOf(language);
     std::set<std::string> events;

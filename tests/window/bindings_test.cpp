@@ -35,6 +35,7 @@ TEST_F(Bindings, EveryElementHasAWidgetThatFollowsIt) {
                            dynamic_cast<NumEdit*>(element) || dynamic_cast<TextBox*>(element) ||
                            dynamic_cast<Combo*>(element) || dynamic_cast<DateEdit*>(element) ||
                            dynamic_cast<Label*>(element);
+    if (element == &main.frame.findingsList) continue;  // not made before something is found
     if (!drawnHere || std::count(inMeters.begin(), inMeters.end(), element) > 0) continue;
     ++found;
     auto* widget = find(*element);
