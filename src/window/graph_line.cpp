@@ -10,7 +10,7 @@ namespace zephon {
 namespace {
 
 constexpr double kNarrow = 1;          // pixels that a stretch may be wide to be drawn as one
-constexpr qsizetype kDense = 1500;     // points from which on a line is drawn thin
+constexpr qsizetype kDense = 500;      // points from which on a line is drawn thin
 constexpr double kSymbolsApart = 110;  // pixels, about
 constexpr double kSymbolSize = 9;
 
@@ -121,6 +121,18 @@ void PlotLine::trace(const Stretch& stretch) {
   flush();
 }
 
+namespace {
+
+// Line by line: smoothing one long line that crosses itself again and again would take seconds.
+void drawSmooth(QPainter& painter, const QPolygonF& piece) {
+  QVector<QLineF> lines;
+  lines.reserve(piece.size() - 1);
+  for (qsizetype i = 1; i < piece.size(); ++i) lines.append({piece[i - 1], piece[i]});
+  painter.drawLines(lines);
+}
+
+}  // namespace
+
 void PlotLine::draw(QCPPainter* painter) {
   const Stretch stretch = inView();
   trace(stretch);
@@ -133,7 +145,13 @@ void PlotLine::draw(QCPPainter* painter) {
   const QPen dot(style_.colour, 4, Qt::SolidLine, Qt::RoundCap);
   for (const QPolygonF& piece : pieces_) {
     painter->setPen(piece.size() > 1 ? line : dot);
-    piece.size() > 1 ? painter->drawPolyline(piece) : painter->drawPoints(piece);
+    if (piece.size() == 1) {
+      painter->drawPoints(piece);
+    } else if (dense) {
+      painter->drawPolyline(piece);
+    } else {
+      drawSmooth(*painter, piece);
+    }
   }
 }
 
