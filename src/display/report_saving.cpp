@@ -10,6 +10,7 @@
 #include "reports/event_rows.h"
 #include "reports/expert_report.h"
 #include "reports/setup_report.h"
+#include "screen/buttons_held.h"
 
 namespace zephon {
 namespace {
@@ -19,19 +20,6 @@ constexpr std::size_t kKeyReport = 50;
 constexpr std::size_t kKeyLogTitle = 52;
 constexpr std::size_t kKeySetupTitle = 156;
 constexpr std::size_t kKeyExpertTitle = 166;
-
-// A button that is out of reach for a while.
-class ButtonHeld {
- public:
-  explicit ButtonHeld(Button& button) : button_(button), was_(button.enabled()) { button_.setEnabled(false); }
-  ~ButtonHeld() { button_.setEnabled(was_); }
-  ButtonHeld(const ButtonHeld&) = delete;
-  ButtonHeld& operator=(const ButtonHeld&) = delete;
-
- private:
-  Button& button_;
-  bool was_;
-};
 
 PdfHost hostOf(Main& main) {
   PdfHost host;
@@ -105,12 +93,12 @@ void saveExpertReport(Main& main) {
   const auto path =
       askForName(main, dictText(main, kKeyProduct) + ' ' + dictText(main, kKeyReport), kPdfFilter);
   if (!path || !stay.stands() || !mayReplace(main, *path) || !stay.stands()) return;
-  const ButtonHeld held(main.frame.saveBtn);
+  const ButtonsHeld held{&main.frame.saveBtn};
   if (writeExpertReport(*path, hostOf(main), head, findings, main.dict)) show(main, *path);
 }
 
 void saveEventReport(Main& main, const std::string& path) {
-  const ButtonHeld held(main.frame.saveBtn);
+  const ButtonsHeld held{&main.frame.saveBtn};
   const LogTable<8> events = main.logs.tsData;  // another may come while a box stands
   const ReportHead head = headOf(main, kKeyLogTitle, eventPeriod(events));
   if (writeEventReport(path, hostOf(main), head, events, main.dict)) show(main, path);
@@ -120,7 +108,7 @@ void saveSetupReport(Main& main) {
   const Stay stay(main);
   const auto path = askForName(main, dictText(main, kKeySetupTitle), kTextFilter);
   if (!path || !stay.stands() || !mayReplace(main, *path) || !stay.stands()) return;
-  const ButtonHeld held(main.frame.saveBtn);
+  const ButtonsHeld held{&main.frame.saveBtn};
   const SaveResult saved = saveFile(*path, setupReport(stampOf(main), settingsOf(main), main.dict));
   if (!saved) tellSaveFailure(main, saveErrorText(saved));
 }

@@ -8,6 +8,7 @@
 #include "files/dat_file.h"
 #include "files/event_csv.h"
 #include "files/history_csv.h"
+#include "logs/raw_log.h"
 #include "platform/save_file.h"
 #include "protocol/asking.h"
 #include "protocol/dict_text.h"
@@ -22,8 +23,6 @@ constexpr std::size_t kKeySave = 189;
 constexpr char kRaw[] = "Raw";
 
 constexpr std::size_t kFewestChartBytes = 130'001;
-constexpr std::size_t kMostEventBytes = 9999;
-constexpr std::size_t kFewestHistoryBytes = 100'001;
 
 // A table that was read from a .csv file has no raw bytes to be told by.
 Saved tableThatStands(const Logs& logs) {
@@ -33,8 +32,14 @@ Saved tableThatStands(const Logs& logs) {
 
 Saved byRawBytes(const Logs& logs) {
   if (logs.rawLogBuffer.empty()) return tableThatStands(logs);
-  if (logs.rawLogBuffer.size() <= kMostEventBytes) return Saved::Events;
-  return logs.rawLogBuffer.size() >= kFewestHistoryBytes ? Saved::History : Saved::Nothing;
+  switch (logOfRawBytes(logs.rawLogBuffer)) {
+    case ShownLog::Events:
+      return Saved::Events;
+    case ShownLog::History:
+      return Saved::History;
+    default:
+      return Saved::Nothing;
+  }
 }
 
 // The rows of a live chart end with the one that is being filled.

@@ -6,6 +6,7 @@
 #include "expert/history_analysis.h"
 #include "expert/line_voltage.h"
 #include "expert/row_date.h"
+#include "logs/raw_log.h"
 #include "logs/shown_log.h"
 #include "protocol/asking.h"
 #include "protocol/day_serial.h"
@@ -15,8 +16,6 @@
 namespace zephon {
 namespace {
 
-constexpr std::size_t kMostEventBytes = 9999;
-constexpr std::size_t kFewestHistoryBytes = 100'001;
 constexpr char kDatePicture[] = "mm/dd/yyyy";
 
 std::string span(const std::string& from, const std::string& to) {
@@ -106,11 +105,6 @@ std::optional<ShownLog> withoutRawBytes(const Logs& logs) {
   return logs.histData.size() > 1 ? ShownLog::History : ShownLog::None;
 }
 
-ShownLog byRawBytes(const std::string& bytes) {
-  if (bytes.size() <= kMostEventBytes) return ShownLog::Events;
-  return bytes.size() >= kFewestHistoryBytes ? ShownLog::History : ShownLog::None;
-}
-
 }  // namespace
 
 std::optional<ShownLog> logToAnalyse(const Main& main) {
@@ -119,7 +113,7 @@ std::optional<ShownLog> logToAnalyse(const Main& main) {
   // The chart memory is shown on the data page too.
   if (main.chart.vlnChartBtn.visible() || logs.shown == ShownLog::Chart) return ShownLog::Chart;
   if (main.data.histDataBtn.visible())
-    return logs.rawLogBuffer.empty() ? withoutRawBytes(logs) : byRawBytes(logs.rawLogBuffer);
+    return logs.rawLogBuffer.empty() ? withoutRawBytes(logs) : logOfRawBytes(logs.rawLogBuffer);
   const bool eventsOfSecondLine = main.data.tsDataBtn.visible() && main.link.modelLine == 1;
   return eventsOfSecondLine ? ShownLog::Events : ShownLog::None;
 }

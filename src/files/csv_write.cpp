@@ -39,6 +39,10 @@ std::string oneLine(std::string_view text) {
   return line;
 }
 
+std::string fileLine(std::string_view text) {
+  return toWindows1252(oneLine(text)).append(kLineEnd);
+}
+
 std::string csvHeader(const FileStamp& stamp, FileKind kind, const std::vector<std::string>& columns,
                       std::span<const std::string> dict) {
   const std::string lines[] = {stampDate(stamp.now),
@@ -51,8 +55,7 @@ std::string csvHeader(const FileStamp& stamp, FileKind kind, const std::vector<s
                                columnLine(columns)};
   std::string header;
   for (const std::string& line : lines) {
-    header += toWindows1252(oneLine(line));
-    header += kLineEnd;
+    header += fileLine(line);
   }
   return header;
 }

@@ -20,6 +20,9 @@ std::string csvField(std::string_view text);
 // A text as it may stand in one line: control characters become blanks.
 std::string oneLine(std::string_view text);
 
+// A text as a line of its own, in the file's bytes.
+std::string fileLine(std::string_view text);
+
 // The eight lines of header, in bytes of the file:
 //   1 date and time   2 "ID: " and the ID   3 firmware version   4 software version   5 chip ID
 //   6 voltage rating   7 title   8 column names

@@ -21,8 +21,7 @@ std::string_view kindText(FileKind kind) {
 }
 
 void addLine(std::string& file, std::string_view label, std::string_view value) {
-  file += toWindows1252(oneLine(std::string(label) + std::string(value)));
-  file += kLineEnd;
+  file += fileLine(std::string(label) + std::string(value));
 }
 
 void addScopeLines(std::string& file, const ScopeCapture& capture) {

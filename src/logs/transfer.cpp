@@ -128,21 +128,12 @@ bool drainLine(Main& main, const LogControls& controls) {
   return true;
 }
 
-PageButtonsHeld::PageButtonsHeld(FrameElements& frame) {
-  for (Button* button : {&frame.measBtn, &frame.ScopeBtn, &frame.ChartBtn, &frame.outletsBtn, &frame.dataBtn,
-                         &frame.setupBtn, &frame.helpBtn}) {
-    if (!button->enabled()) continue;
-    button->setEnabled(false);
-    held_.push_back(button);
-  }
-}
-
-PageButtonsHeld::~PageButtonsHeld() {
-  for (Button* button : held_) button->setEnabled(true);
-}
-
 ShownTransfer::ShownTransfer(Main& main, const LogControls& controls)
-    : main_(main), controls_(controls), stay_(main), held_(main.frame) {
+    : main_(main),
+      controls_(controls),
+      stay_(main),
+      held_({&main.frame.measBtn, &main.frame.ScopeBtn, &main.frame.ChartBtn, &main.frame.outletsBtn,
+             &main.frame.dataBtn, &main.frame.setupBtn, &main.frame.helpBtn}) {
   (main.data.*controls.button).setTexts(dictText(main, kKeyDownloading));
   if (controls.clear) (main.data.*controls.clear).setVisible(false);
   setProgressVisible(true);

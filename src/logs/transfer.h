@@ -3,10 +3,10 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "logs/log_controls.h"
 #include "protocol/stay.h"
+#include "screen/buttons_held.h"
 
 namespace zephon {
 
@@ -49,19 +49,6 @@ bool goesOn(const Main& main, const Stay& stay);
 // meanwhile.
 bool drainLine(Main& main, const LogControls& controls);
 
-// The page buttons, and the help, which would keep the loop from its bytes, can't be pressed for as long as
-// this stands; afterwards those can that could before.
-class PageButtonsHeld {
- public:
-  explicit PageButtonsHeld(FrameElements& frame);
-  ~PageButtonsHeld();
-  PageButtonsHeld(const PageButtonsHeld&) = delete;
-  PageButtonsHeld& operator=(const PageButtonsHeld&) = delete;
-
- private:
-  std::vector<Button*> held_;
-};
-
 // What the data page shows for the time of a transfer: the log's button says that it comes, the progress
 // stands in the place of its clear button, cancelDataBtn can be pressed, the page buttons can not.
 class ShownTransfer {
@@ -81,7 +68,7 @@ class ShownTransfer {
   Main& main_;
   const LogControls& controls_;
   Stay stay_;
-  PageButtonsHeld held_;
+  ButtonsHeld held_;  // the page buttons, and the help, which would keep the loop from its bytes
 };
 
 // Sends the command of a log that comes as one frame and gathers it: its last bytes. `flagOffset` is where

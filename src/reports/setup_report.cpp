@@ -2,7 +2,6 @@
 
 #include "files/csv_write.h"
 #include "protocol/event_codes.h"
-#include "text/windows1252.h"
 
 namespace zephon {
 namespace {
@@ -35,7 +34,7 @@ constexpr Switch kSwitches[] = {{92, &DeviceSettings::autoTransmit},
 class Lines {
  public:
   explicit Lines(std::span<const std::string> dict) : dict_(dict) {}
-  void add(const std::string& text) { text_ += toWindows1252(oneLine(text)) + std::string(kLineEnd); }
+  void add(const std::string& text) { text_ += fileLine(text); }
   void add(int key, const std::string& value) { add(dictText(dict_, key) + ": " + value); }
   std::string take() { return std::move(text_); }
 

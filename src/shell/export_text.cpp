@@ -30,10 +30,7 @@ class Lines {
     }
     text_ += kLineEnd;
   }
-  void addText(const std::string& text) {
-    text_ += toWindows1252(oneLine(text));
-    text_ += kLineEnd;
-  }
+  void addText(const std::string& text) { text_ += fileLine(text); }
   std::string take() { return std::move(text_); }
 
  private:
