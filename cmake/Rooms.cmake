@@ -36,3 +36,17 @@ function(zephon_program name folder)
   target_link_libraries(${name} PRIVATE zephon_room_simulator)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR})
 endfunction()
+
+# Headers that nearly each source of a target includes, compiled once. With a compiler cache it would only spoil
+# the hits, so it is left out there; the sources include what they use in any case.
+function(zephon_precompile target)
+  if(CMAKE_CXX_COMPILER_LAUNCHER)
+    return()
+  endif()
+  list(GET ARGN 0 first)
+  if(first STREQUAL REUSE_FROM)
+    target_precompile_headers(${target} ${ARGN})
+  else()
+    target_precompile_headers(${target} PRIVATE ${ARGN})
+  endif()
+endfunction()
