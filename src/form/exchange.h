@@ -27,6 +27,7 @@ struct Exchange {
   int gathering = 0;            // exchanges that wait for a reply, one inside the other
   int writesInFlight = 0;       // the device waits for the rest of what is being written
   bool replyAbandoned = false;  // a reply was given up and may still be on its way
+  Instant abandonedAt{};        // when that was
   std::string shortfall;  // what the message of a failure says more: how much came of a log; mostly empty
 };
 

@@ -13,8 +13,10 @@ namespace {
 
 constexpr std::int32_t kReplyRead = 100;
 constexpr std::int32_t kSettleRead = 1024;
-// A cable may hold bytes back for 16 ms; the longest reply takes ten seconds.
+// A cable may hold bytes back for 16 ms; the longest reply takes ten seconds, that to a short command a
+// moment.
 constexpr double kQuietMs = 50;
+constexpr double kShortReplyMs = 200;
 constexpr double kLongestReplyMs = 12'000;
 
 bool portIsOpen(const Main& main) {
@@ -35,10 +37,15 @@ bool stillWanted(const Main& main, const PageVisit& visit) {
 // Counts the exchanges that wait for a reply. One that ends without its reply leaves it on the line.
 class Gathering {
  public:
-  explicit Gathering(Exchange& exchange) : exchange_(exchange) { ++exchange_.gathering; }
+  Gathering(Exchange& exchange, const EventLoop& loop) : exchange_(exchange), loop_(loop) {
+    ++exchange_.gathering;
+  }
   ~Gathering() {
     --exchange_.gathering;
-    if (!whole) exchange_.replyAbandoned = true;
+    if (!whole) {
+      exchange_.replyAbandoned = true;
+      exchange_.abandonedAt = loop_.now();
+    }
   }
   Gathering(const Gathering&) = delete;
   Gathering& operator=(const Gathering&) = delete;
@@ -46,11 +53,32 @@ class Gathering {
 
  private:
   Exchange& exchange_;
+  const EventLoop& loop_;
 };
+
+// Collects what arrives until the line has been quiet for so long. False when the visit is over by then.
+bool runOut(Main& main, const PageVisit& visit, double quietMs, std::string& gathered) {
+  const EventLoop& loop = main.around.loop;
+  const Port port = portOf(main);
+  const Instant end = loop.now() + fromMillis(kLongestReplyMs);
+  Instant quiet = loop.now() + fromMillis(quietMs);
+  while (loop.now() < std::min(quiet, end) && portIsOpen(main)) {
+    std::string chunk;
+    if (CommRead(port, main.link.commPort, chunk, kSettleRead) > 0) quiet = loop.now() + fromMillis(quietMs);
+    gathered += chunk;
+    if (!stillWanted(main, visit)) return false;
+    CommAwait(port, main.link.commPort, quiet);
+  }
+  main.exchange.replyAbandoned = false;
+  return stillWanted(main, visit);
+}
 
 std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeoutMs, std::int32_t readSize,
                                      const Complete& complete) {
-  Gathering state(main.exchange);
+  const double lateMs = std::min(timeoutMs, kShortReplyMs) + kQuietMs;
+  const bool mayBeLate =
+      main.exchange.replyAbandoned && main.around.loop.now() < main.exchange.abandonedAt + fromMillis(lateMs);
+  Gathering state(main.exchange, main.around.loop);
   Exchange& exchange = main.exchange;
   const Port port = portOf(main);
   std::string gathered;
@@ -73,6 +101,8 @@ std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeout
     if (count <= 0) CommAwait(port, main.link.commPort);  // the watchdog ends it at the latest
   }
   exchange.Timer1.setEnabled(false);
+  // The device answers in order: behind a reply that had been given up stands the one that was asked for now.
+  if (mayBeLate && !runOut(main, visit, lateMs, gathered)) return fail(main, ExchangeFailure::Cancelled);
   exchange.lastFailure = ExchangeFailure::None;
   state.whole = true;
   return gathered;
@@ -100,22 +130,11 @@ void flushPort(Main& main) {
 }
 
 bool settleLine(Main& main) {
-  Exchange& exchange = main.exchange;
+  const Exchange& exchange = main.exchange;
   const PageVisit visit = main.pages.wanted;
   if (exchange.gathering == 0 && !exchange.replyAbandoned) return true;
-  const EventLoop& loop = main.around.loop;
-  const Instant end = loop.now() + fromMillis(kLongestReplyMs);
-  Instant quiet = loop.now() + fromMillis(kQuietMs);
-  while (loop.now() < std::min(quiet, end) && portIsOpen(main)) {
-    std::string dropped;
-    const Port port = portOf(main);
-    if (CommRead(port, main.link.commPort, dropped, kSettleRead) > 0)
-      quiet = loop.now() + fromMillis(kQuietMs);
-    if (!stillWanted(main, visit)) return false;
-    CommAwait(port, main.link.commPort, quiet);
-  }
-  exchange.replyAbandoned = false;
-  return stillWanted(main, visit);
+  std::string dropped;
+  return runOut(main, visit, kQuietMs, dropped);
 }
 
 bool sendText(Main& main, std::string_view text) {

@@ -14,7 +14,8 @@ namespace zephon {
 
 // One command and its reply. The line has no frames: a command is a few bare characters, the end of a reply
 // is known from its length alone, and the last bytes count. A failed exchange shows as too few bytes before
-// the watchdog, Timer1, ticks. There are no retries here, no messages, and no failure closes the port.
+// the watchdog, Timer1, ticks. There are no retries here, no messages, and no failure closes the port. A reply
+// that comes after one was given up counts once the line is quiet, so that no late reply passes for it.
 //
 // An exchange belongs to the page visit in which it began: when the user leaves the page, or the program is
 // closing, it ends at once as Cancelled. Why an exchange failed stands in Exchange::lastFailure.
