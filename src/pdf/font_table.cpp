@@ -37,6 +37,7 @@ bool FontTable::load(const std::string& folder) {
     const std::string_view file = std::string_view(path).substr(path.rfind('/') + 1);
     found.push_back({std::string(file.substr(0, file.size() - std::min(file.size(), kExtension))), {}});
   }
+  if (fonts_.empty()) folder_ = folder;  // a font that is missing is told to be missing here
   if (found.empty()) return false;
   std::ranges::sort(found, {}, &Font::name);
   fonts_ = std::move(found);

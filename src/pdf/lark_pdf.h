@@ -186,7 +186,7 @@ class LarkPDF {
   // Text.
   const FontMetrics* metricsOf(const std::string& font);
   const FontMetrics* currentMetrics();
-  double widthOf(std::string_view bytes);
+  double widthOf(std::string_view bytes, double size);
   int writtenSize() const { return style_.size == 0 ? kUsualSize : style_.size; }
   std::string_view oneByte(std::string_view utf8);
   void addText(Content& to, std::string_view bytes, Point at);

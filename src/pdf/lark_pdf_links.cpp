@@ -64,9 +64,10 @@ Point LarkPDF::linkTextPlace(std::string_view bytes, LinkKind kind, double x, do
   const double below = kBaseline * writtenSize();
   switch (kind) {
     case LinkKind::Rectangle:
-      return {corner.x + (figure_.width - widthOf(bytes)) / 2, corner.y - figure_.height / 2 - below};
+      return {corner.x + (figure_.width - widthOf(bytes, writtenSize())) / 2,
+              corner.y - figure_.height / 2 - below};
     case LinkKind::Ellipse:
-      return {corner.x - widthOf(bytes) / 2, corner.y - below};
+      return {corner.x - widthOf(bytes, writtenSize()) / 2, corner.y - below};
     case LinkKind::Cell:
       return {corner.x + figure_.width + cellMargin_, corner.y - figure_.height / 2 - below};
     default:
@@ -81,7 +82,7 @@ Box LarkPDF::linkArea(std::string_view bytes, LinkKind kind, Point corner, Point
   if (kind == LinkKind::Ellipse)
     return {corner.x - figure_.width / 2, corner.y - figure_.height / 2, figure_.width, figure_.height};
   const double size = writtenSize();
-  return {text.x, text.y - kBelowBaseline * size, widthOf(bytes), size};
+  return {text.x, text.y - kBelowBaseline * size, widthOf(bytes, writtenSize()), size};
 }
 
 void LarkPDF::addLinkArea(const Box& area, std::string_view url, LinkKind kind) {

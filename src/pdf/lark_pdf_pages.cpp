@@ -99,7 +99,7 @@ void LarkPDF::drawWatermark() {
   style_.rotation = kWatermarkAngle;
   PDFSetTextColor({255, 192, 203});
   const PageFormat& page = pages_.back().format;
-  const double width = widthOf(watermark_);
+  const double width = widthOf(watermark_, style_.size);
   const double y = (std::sin(kWatermarkAngle) * width + page.height) / 2.15;
   const double x = (page.width - std::cos(kWatermarkAngle) * width) / 2.75;
   addText(behind_, watermark_, {leftMargin_ * scale_ + x, page.height - y});

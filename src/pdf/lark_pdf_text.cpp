@@ -53,9 +53,9 @@ const FontMetrics* LarkPDF::currentMetrics() {
   return fonts_.size() > 0 ? metricsOf(fonts_.name(1)) : nullptr;
 }
 
-double LarkPDF::widthOf(std::string_view bytes) {
+double LarkPDF::widthOf(std::string_view bytes, double size) {
   const FontMetrics* metrics = currentMetrics();
-  return metrics ? stringWidth(*metrics, bytes, style_.size) : 0;
+  return metrics ? stringWidth(*metrics, bytes, size) : 0;
 }
 
 double LarkPDF::PDFGetStringWidth(std::string_view text, std::string_view font, double size) {
@@ -74,7 +74,7 @@ void LarkPDF::PDFTextOut(std::string_view text, double x, double y) {
 
 // Width and size are points, and are added to user units all the same.
 void LarkPDF::moveOn(std::string_view bytes, double x, double y) {
-  x_ = x + widthOf(bytes);
+  x_ = x + widthOf(bytes, style_.size);
   y_ = y + style_.size;
 }
 

@@ -196,7 +196,7 @@ std::string catalogObject(int number, const CatalogSettings& settings, const Cat
   const auto layout = static_cast<std::size_t>(settings.layout);
   if (layout < kLayouts.size()) text << "/PageLayout /" << kLayouts[layout] << kCrLf;
   const bool outlines = settings.outlines && objects.outlines != 0;
-  if (settings.thumbs && !outlines) text << "/PageMode /UseThumbs" << kCrLf;
+  if (settings.thumbs) text << "/PageMode /UseThumbs" << kCrLf;
   if (objects.outlines != 0) text << "/Outlines " << Reference{objects.outlines} << kCrLf;
   if (outlines) text << "/PageMode /UseOutlines" << kCrLf;
   if (!settings.preferences.empty()) addPreferences(text, settings.preferences);

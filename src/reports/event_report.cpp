@@ -14,23 +14,31 @@ constexpr int kKeyDate = 55;
 constexpr int kKeyTime = 56;
 constexpr int kKeyEvent = 57;
 constexpr int kKeyMagnitude = 58;
+constexpr int kKeyNumber = 66;
+constexpr int kKeyPercent = 67;
 
 // Columns: texts begin, numbers end here.
-constexpr double kDate = 20;
+constexpr double kDate = ReportDocument::kLeft;
 constexpr double kTime = 95;
 constexpr double kEvent = 165;
 constexpr double kMagnitude = 440;
 constexpr double kPercent = 500;
 constexpr std::size_t kTableHead = 1;
 
+// A blank line parts the body from the frame's advice.
+constexpr std::size_t kSummary = 1;
+
 void drawSummary(ReportDocument& report, const std::vector<EventShare>& shares,
                  std::span<const std::string> dict) {
-  report.write(0, kDate, dictText(dict, kKeySummary), true);
-  report.rule(0);
+  report.write(kSummary, kDate, dictText(dict, kKeySummary), true);
+  report.writeUpTo(kSummary, kMagnitude, dictText(dict, kKeyNumber), true);
+  report.writeUpTo(kSummary, kPercent, dictText(dict, kKeyPercent), true);
+  report.rule(kSummary);
   for (std::size_t i = 0; i < shares.size(); ++i) {
-    report.write(i + 1, kDate, shares[i].event);
-    report.writeUpTo(i + 1, kMagnitude, shares[i].count);
-    report.writeUpTo(i + 1, kPercent, shares[i].percent);
+    const std::size_t line = kSummary + 1 + i;
+    report.write(line, kDate, shares[i].event);
+    report.writeUpTo(line, kMagnitude, shares[i].count);
+    report.writeUpTo(line, kPercent, shares[i].percent);
   }
 }
 
@@ -39,7 +47,7 @@ void drawTableHead(ReportDocument& report, std::size_t line, std::span<const std
   report.write(line, kTime, dictText(dict, kKeyTime), true);
   report.write(line, kEvent, dictText(dict, kKeyEvent), true);
   report.writeUpTo(line, kMagnitude, dictText(dict, kKeyMagnitude), true);
-  report.writeUpTo(line, kPercent, "%", true);
+  report.writeUpTo(line, kPercent, dictText(dict, kKeyPercent), true);
   report.rule(line);
 }
 
@@ -51,14 +59,14 @@ void drawRow(ReportDocument& report, std::size_t line, const EventRow& row) {
   report.writeUpTo(line, kPercent, row.percent);
 }
 
-// The lines that the summary and the blank line behind it take of the first page.
+// The lines of the first page above its table: a blank one, and the summary with a blank line behind it.
 std::size_t summaryLines(const std::vector<EventShare>& shares) {
-  return shares.empty() ? 0 : shares.size() + 2;
+  return kSummary + (shares.empty() ? 0 : shares.size() + 2);
 }
 
 std::size_t pagesFor(std::size_t rows, std::size_t summary) {
   const std::size_t first = kLinesAPage - summary - kTableHead;
-  const std::size_t each = kLinesAPage - kTableHead;
+  const std::size_t each = kLinesAPage - kSummary - kTableHead;
   return rows <= first ? 1 : 1 + (rows - first + each - 1) / each;
 }
 
@@ -75,8 +83,8 @@ bool writeEventReport(const std::string& path, const PdfHost& host, const Report
   std::size_t next = 0;
   for (std::size_t page = 0; page < pages; ++page) {
     report.nextPage();
-    std::size_t line = page == 0 ? summary : 0;
-    if (line > 0) drawSummary(report, shares, dict);
+    std::size_t line = page == 0 ? summary : kSummary;
+    if (line > kSummary) drawSummary(report, shares, dict);
     drawTableHead(report, line++, dict);
     for (; line < kLinesAPage && next < rows.size(); ++line) drawRow(report, line, rows[next++]);
   }

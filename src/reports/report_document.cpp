@@ -44,7 +44,6 @@ constexpr int kMargin = 0;
 const PdfColour kInk(33, 37, 41);
 const PdfColour kQuiet(110, 118, 128);
 const PdfColour kRuleColour(150, 158, 168);
-const PdfColour kLinkColour(24, 84, 160);
 
 std::string textOf(std::span<const std::string> dict, std::size_t key) {
   return key < dict.size() ? dict[key] : std::string();
@@ -148,9 +147,9 @@ void ReportDocument::drawFoot() {
   pdf_.PDFSetFont(kSans, kFootSize, kPlain);
   pdf_.PDFSetTextColor(kQuiet);
   pdf_.PDFTextOut(kMakerCopyright, kLeft, kFootText);
-  pdf_.PDFTextOut(number, right() - widthOf(number, kFootSize, false), kFootText);
-  pdf_.PDFSetTextColor(kLinkColour);
   pdf_.PDFLink(kMakerWeb, kMakerWeb, kLinkX, kFootText);
+  pdf_.PDFSetTextColor(kQuiet);
+  pdf_.PDFTextOut(number, right() - widthOf(number, kFootSize, false), kFootText);
 }
 
 double ReportDocument::widthOf(std::string_view text, int size, bool bold) {
