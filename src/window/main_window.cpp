@@ -8,11 +8,13 @@
 #include <algorithm>
 #include <utility>
 
+#include "form/shortcuts.h"
 #include "window/bindings.h"
 #include "window/header.h"
 #include "window/page_rail.h"
 #include "window/panels.h"
 #include "window/status_line.h"
+#include "window/window_place.h"
 #include "window/words.h"
 
 namespace zephon {
@@ -64,8 +66,9 @@ MainWindow::MainWindow(Main& main, std::function<void()> closing)
   const auto entitle = [this] { setWindowTitle(toQt(main_.frame.formCaption.caption())); };
   watchWhile(*this, main.frame.formCaption, entitle);
   entitle();
-  connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, [this] { close(); });
-  resize(1180, 680);
+  connect(new QShortcut(QKeySequence(shortcuts::kQuit.key), this), &QShortcut::activated, this,
+          [this] { close(); });
+  restorePlace(*this, main.around.folders.state);
 }
 
 void MainWindow::showPage() {
@@ -74,14 +77,16 @@ void MainWindow::showPage() {
   pages_->setCurrentIndex(open == std::end(kPages) ? 0 : static_cast<int>(open - std::begin(kPages)) + 1);
 }
 
+// A window that is being minimised or comes back keeps the size that it had.
 void MainWindow::resizeEvent(QResizeEvent* event) {
-  main_.formSize = {event->size().width(), event->size().height()};
+  if (!isMinimized()) main_.formSize = {event->size().width(), event->size().height()};
   QWidget::resizeEvent(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
   if (std::exchange(closed_, true)) return;
+  keepPlace(*this, main_.around.folders.state);
   main_.ending = true;
   if (closing_) closing_();
 }

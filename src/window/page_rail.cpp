@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "form/shortcuts.h"
 #include "window/bindings.h"
 #include "window/colours.h"
 #include "window/words.h"
@@ -13,16 +14,17 @@ namespace {
 
 struct Entry {
   Button* button;
-  const Word& word;
+  Shortcut shortcut;
   Glyph glyph;
-  QKeySequence shortcut;
 };
 
 void add(QVBoxLayout& column, const Entry& entry, QWidget* parent) {
-  StateButton* button = draw(*entry.button, entry.word, parent, StateButton::Look::Rail, entry.glyph);
+  const QKeySequence key(entry.shortcut.key);
+  StateButton* button =
+      draw(*entry.button, entry.shortcut.does, parent, StateButton::Look::Rail, entry.glyph);
   button->setMaximumHeight(70);
-  button->setShortcut(entry.shortcut);
-  setTooltip(*button, *entry.button, entry.shortcut.toString(QKeySequence::NativeText));
+  button->setShortcut(key);
+  setTooltip(*button, *entry.button, key.toString(QKeySequence::NativeText));
   column.addWidget(button, 1);
 }
 
@@ -34,20 +36,20 @@ PageRail::PageRail(FrameElements& frame, QWidget* parent) : QWidget(parent) {
   column->setContentsMargins(4, 4, 5, 4);
   column->setSpacing(2);
   const Entry pages[] = {
-      {&frame.measBtn, words::kMeasure, Glyph::Measure, Qt::CTRL | Qt::Key_1},
-      {&frame.ScopeBtn, words::kScope, Glyph::Scope, Qt::CTRL | Qt::Key_2},
-      {&frame.ChartBtn, words::kChart, Glyph::Chart, Qt::CTRL | Qt::Key_3},
-      {&frame.outletsBtn, words::kOutlets, Glyph::Outlets, Qt::CTRL | Qt::Key_4},
-      {&frame.dataBtn, words::kData, Glyph::Data, Qt::CTRL | Qt::Key_5},
-      {&frame.setupBtn, words::kSetup, Glyph::Setup, Qt::CTRL | Qt::Key_6},
-      {&frame.comBtn, words::kPort, Glyph::Port, Qt::CTRL | Qt::Key_7},
+      {&frame.measBtn, shortcuts::kMeasure, Glyph::Measure},
+      {&frame.ScopeBtn, shortcuts::kScope, Glyph::Scope},
+      {&frame.ChartBtn, shortcuts::kChart, Glyph::Chart},
+      {&frame.outletsBtn, shortcuts::kOutlets, Glyph::Outlets},
+      {&frame.dataBtn, shortcuts::kData, Glyph::Data},
+      {&frame.setupBtn, shortcuts::kSetup, Glyph::Setup},
+      {&frame.comBtn, shortcuts::kPort, Glyph::Port},
   };
   for (const Entry& entry : pages) add(*column, entry, this);
   column->addStretch(1);
   const Entry others[] = {
-      {&frame.expertBtn, words::kExpert, Glyph::Expert, Qt::CTRL | Qt::Key_E},
-      {&frame.saveBtn, words::kSave, Glyph::Save, Qt::CTRL | Qt::Key_S},
-      {&frame.helpBtn, words::kHelp, Glyph::Help, Qt::Key_F1},
+      {&frame.expertBtn, shortcuts::kExpert, Glyph::Expert},
+      {&frame.saveBtn, shortcuts::kSave, Glyph::Save},
+      {&frame.helpBtn, shortcuts::kHelp, Glyph::Help},
   };
   for (const Entry& entry : others) add(*column, entry, this);
 }

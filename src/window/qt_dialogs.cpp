@@ -1,6 +1,7 @@
 #include "window/qt_dialogs.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
@@ -8,6 +9,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -66,14 +68,22 @@ void QtDialogs::page(const QString& text) {
   run(box);
 }
 
-void QtDialogs::message(const std::string& text, const std::string& advice) {
-  if (std::count(text.begin(), text.end(), '\n') >= kLinesOfPage) return page(toQt(text));
-  QMessageBox box(advice.empty() ? QMessageBox::Information : QMessageBox::Warning, titleOf(window_),
-                  toQt(text), QMessageBox::Ok, window_);
+void QtDialogs::box(const QString& title, const QString& text, const QString& advice) {
+  QMessageBox box(advice.isEmpty() ? QMessageBox::Information : QMessageBox::Warning, title, text,
+                  QMessageBox::Ok, window_);
   box.setTextFormat(Qt::PlainText);
-  box.setInformativeText(toQt(advice));
+  box.setInformativeText(advice);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse);
   run(box);
+}
+
+void QtDialogs::message(const std::string& text, const std::string& advice) {
+  if (std::count(text.begin(), text.end(), '\n') >= kLinesOfPage) return page(toQt(text));
+  box(titleOf(window_), toQt(text), toQt(advice));
+}
+
+void QtDialogs::titledMessage(const std::string& title, const std::string& text) {
+  box(toQt(title), toQt(text), {});
 }
 
 bool QtDialogs::yesNo(const std::string& question) {
@@ -129,6 +139,10 @@ std::optional<std::string> QtDialogs::saveFile(const FileQuestion& question) {
   QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
   if (!question.filters.empty()) dialog.setDefaultSuffix(toQt(question.filters.front().extension));
   return runFile(dialog, question);
+}
+
+bool QtDialogs::openInViewer(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)));
 }
 
 }  // namespace zephon

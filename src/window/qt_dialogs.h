@@ -20,15 +20,18 @@ class QtDialogs : public Dialogs {
   void close();
 
   void message(const std::string& text, const std::string& advice) override;
+  void titledMessage(const std::string& title, const std::string& text) override;
   bool yesNo(const std::string& question) override;
   bool okCancel(const std::string& question, const std::string& title) override;
   std::optional<std::string> prompt(const std::string& title, const std::string& text,
                                     const std::string& answer) override;
   std::optional<std::string> openFile(const FileQuestion& question) override;
   std::optional<std::string> saveFile(const FileQuestion& question) override;
+  bool openInViewer(const std::string& path) override;
 
  private:
   int run(QDialog& dialog);
+  void box(const QString& title, const QString& text, const QString& advice);
   void page(const QString& text);
   std::optional<std::string> runFile(QFileDialog& dialog, const FileQuestion& question);
 

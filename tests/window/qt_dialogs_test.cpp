@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -11,6 +12,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <functional>
 
 #include "window/qt_loop.h"
@@ -110,6 +112,15 @@ TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheNextBoxItsFolder) 
     box.reject();
   });
   EXPECT_EQ(dialogs_.openFile(question), std::nullopt);
+}
+
+TEST_F(QtDialogsTest, AFinishedFileGoesToTheDesktopsViewer) {
+  QTextBrowser viewer;
+  QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "setSource");
+  EXPECT_TRUE(dialogs_.openInViewer("/reports/B\u00FCro 4 #1.pdf"));
+  QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+  EXPECT_EQ(viewer.source(), QUrl::fromLocalFile(QStringLiteral("/reports/B\u00FCro 4 #1.pdf")));
+  EXPECT_FALSE(dialogs_.openInViewer("/reports/1.pdf")) << "no desktop here";
 }
 
 }  // namespace
