@@ -54,22 +54,12 @@ std::string fileOf(std::string_view who) {
   return folder() + "/zephon-bench-" + std::string(who) + ".pdf";
 }
 
-// Ours draws every line by itself, or all lines of a page as one cell.
-void drawLines(LarkPDF& pdf) {
+void drawOurs(LarkPDF& pdf) {
   for (int line = 0; line < kLines; ++line)
     pdf.PDFTextOut(lines()[static_cast<std::size_t>(line)], kLeft, kTop + kLineHeight * line);
 }
 
-void drawCell(LarkPDF& pdf) {
-  static const std::string text = [] {
-    std::string all;
-    for (const std::string& line : lines()) all += line + "\r\n";
-    return all;
-  }();
-  pdf.PDFCell(text, kLeft, kTop, 540, kLineHeight);
-}
-
-void writeOurs(int pages, void (*draw)(LarkPDF&)) {
+void writeOurs(int pages) {
   LarkPDF pdf;
   pdf.PDFLoadAfm(ZEPHON_RESOURCES "/Fonts");
   pdf.PDFSetUnit(0);
@@ -79,7 +69,7 @@ void writeOurs(int pages, void (*draw)(LarkPDF&)) {
   pdf.PDFSetFont(0, kSize, 0);
   for (int page = 1; page <= pages; ++page) {
     if (page > 1) pdf.PDFNewPage();
-    draw(pdf);
+    drawOurs(pdf);
   }
   if (!pdf.PDFEndDoc()) std::fputs("our document is not saved\n", stderr);
 }
@@ -91,35 +81,22 @@ void placeLine(HPDF_Page page, int line) {
 }
 
 // As one writes text with libharu: the font once a page, and one run of text.
-void drawBriefly(HPDF_Page page, HPDF_Font font) {
+void drawTheirs(HPDF_Page page, HPDF_Font font) {
   HPDF_Page_SetFontAndSize(page, font, kSize);
   HPDF_Page_BeginText(page);
   for (int line = 0; line < kLines; ++line) placeLine(page, line);
   HPDF_Page_EndText(page);
 }
 
-// With the operators of ours: every line keeps the page's state and sets its own colour and font.
-void drawEachLine(HPDF_Page page, HPDF_Font font) {
-  for (int line = 0; line < kLines; ++line) {
-    HPDF_Page_GSave(page);
-    HPDF_Page_SetGrayFill(page, 0);
-    HPDF_Page_BeginText(page);
-    HPDF_Page_SetFontAndSize(page, font, kSize);
-    placeLine(page, line);
-    HPDF_Page_EndText(page);
-    HPDF_Page_GRestore(page);
-  }
-}
-
 void tellError(HPDF_STATUS error, HPDF_STATUS detail, void* /*data*/) {
   std::fprintf(stderr, "libharu: %lx %lx\n", error, detail);
 }
 
-void writeTheirs(int pages, void (*draw)(HPDF_Page, HPDF_Font)) {
+void writeTheirs(int pages) {
   HPDF_Doc document = HPDF_New(tellError, nullptr);
   HPDF_SetCompressionMode(document, HPDF_COMP_NONE);
   HPDF_Font font = HPDF_GetFont(document, "Helvetica", "WinAnsiEncoding");
-  for (int page = 0; page < pages; ++page) draw(HPDF_AddPage(document), font);
+  for (int page = 0; page < pages; ++page) drawTheirs(HPDF_AddPage(document), font);
   HPDF_SaveToFile(document, fileOf("theirs").c_str());
   HPDF_Free(document);
 }
@@ -141,8 +118,8 @@ void measureTime(Results& results) {
     std::vector<double> ours;
     std::vector<double> theirs;
     for (int run = 0; run < kRuns; ++run) {
-      ours.push_back(millisecondsEach(one.documents, [&] { writeOurs(one.pages, drawLines); }));
-      theirs.push_back(millisecondsEach(one.documents, [&] { writeTheirs(one.pages, drawBriefly); }));
+      ours.push_back(millisecondsEach(one.documents, [&] { writeOurs(one.pages); }));
+      theirs.push_back(millisecondsEach(one.documents, [&] { writeTheirs(one.pages); }));
     }
     results.add({"processor time, pages: " + std::to_string(one.pages), median(ours), median(theirs), "ms",
                  one.limit});
@@ -153,14 +130,12 @@ double mebibytes(std::string_view who) {
   return static_cast<double>(std::filesystem::file_size(fileOf(who))) / (1 << 20);
 }
 
-// A line that stands by itself has two remarks about it, some thirty bytes, that libharu can't write.
+// Each of our lines stands by itself: two remarks about it, its own colour and font, the page's state kept.
 void measureSize(Results& results) {
   constexpr int kPages = 1000;
-  writeTheirs(kPages, drawEachLine);
-  writeOurs(kPages, drawCell);
-  results.add({"file, 1000 pages, lines in a cell", mebibytes("ours"), mebibytes("theirs"), "MiB", 1});
-  writeOurs(kPages, drawLines);
-  results.add({"file, 1000 pages, lines by themselves", mebibytes("ours"), mebibytes("theirs"), "MiB", 1});
+  writeTheirs(kPages);
+  writeOurs(kPages);
+  results.add({"file, 1000 pages", mebibytes("ours"), mebibytes("theirs"), "MiB", 1});
 }
 
 // The most that this process has held so far.
@@ -183,9 +158,9 @@ double growth(const std::string& who) {
 // The program itself, started as "ours 1000", writes one document and tells its peak.
 void writeOne(std::string_view who, int pages) {
   if (who == "ours") {
-    writeOurs(pages, drawLines);
+    writeOurs(pages);
   } else {
-    writeTheirs(pages, drawBriefly);
+    writeTheirs(pages);
   }
   std::printf("%ld\n", peakKibibytes());
 }

@@ -39,6 +39,7 @@ constexpr double kFootLine = 810;
 constexpr double kFootText = 820;
 constexpr double kLinkX = 200;
 constexpr double kGap = 3;
+constexpr double kRuleDrop = 2;  // below the letters, clear of the next line's
 constexpr int kMargin = 0;
 
 const PdfColour kInk(33, 37, 41);
@@ -167,7 +168,7 @@ void ReportDocument::writeUpTo(std::size_t line, double x, std::string_view text
 }
 
 void ReportDocument::rule(std::size_t line) {
-  const double y = kFirstLine + kLinePitch * static_cast<double>(line) + kGap;
+  const double y = kFirstLine + kLinePitch * static_cast<double>(line) + kRuleDrop;
   pdf_.PDFSetLineWidth(0.4);
   pdf_.PDFDrawLine(kLeft, y, right(), y);
 }

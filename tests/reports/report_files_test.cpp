@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "platform/read_file.h"
 #include "reports/event_report.h"
 #include "reports/expert_report.h"
 #include "reports/setup_report.h"
@@ -88,11 +89,61 @@ TEST_F(ReportFiles, ExpertReportSaysWhatWasFoundUnderItsHead) {
   }
 }
 
+// What is drawn, in its order and at its place: 842 less the distance from the top.
+TEST_F(ReportFiles, ThePageFrameStandsWhereReadersKnowIt) {
+  const auto text = [](const char* place, const std::string& what) {
+    return std::string(place) + " Td\r\n/F" + what + ") Tj";
+  };
+  const struct {
+    int modelLine, volts;
+    std::string picture, product, rating;
+  } cases[] = {{0, 120, "PDF_titleRV.jpg", "Orvantis PCS", "120V "},
+               {1, 240, "PDF_titleTR.jpg", "Tessara PCS", "208/240V "}};
+  for (const auto& one : cases) {
+    ReportHead titled = head(one.modelLine, one.volts);
+    titled.dateRange.clear();
+    ASSERT_TRUE(writeExpertReport(path, host(), titled, {}, english));
+    const std::string file = folder.get("report.pdf");
+    const std::string marks[] = {
+        "/Title (QLT Zephon Orvantis PCS Rating: " + one.rating + ")",
+        "15.00 792.00 m\r\n565.00 792.00 l",
+        "15.00 682.00 m\r\n565.00 682.00 l",
+        "q 20.00 0 0 30.00 545.00 794.00 cm",
+        text("15.00 772.00", "6 12 Tf (" + one.product + " Expert Analysis"),
+        text("15.00 752.00", "6 10 Tf (\x95 Acquisition Period: "),
+        text("15.00 737.00", "6 10 Tf (\x95 ID: "),
+        text("45.00 737.00", "5 10 Tf (Pump house"),
+        text("125.00 722.00", "5 10 Tf (1.KD1"),
+        text("75.00 707.00", "5 10 Tf (4C.5A.17"),
+        text("140.00 692.00", "5 10 Tf (" + one.product + " , " + one.rating),
+        "15.00 667.00 Td\r\n/F5 8 Tf (Before taking",
+        "15.00 657.00 Td\r\n/F5 8 Tf (In some cases, it may be necessary",
+        "15.00 32.00 m\r\n565.00 32.00 l",
+        "15.00 22.00 Td\r\n/F5 7 Tf (\xA9",
+        text("200.00 22.00", "5 7 Tf (https://www.zephon.example"),
+        "22.00 Td\r\n/F5 7 Tf (1 of 1",
+        text("15.00 647.00",
+             "5 8 Tf (01. Analysis of the acquired data shows no indication of improper connected "
+             "equipment operation or power quality concerns."),
+        std::string(readFile(ZEPHON_RESOURCES "/Fonts/" + one.picture, 1 << 20).bytes),
+        "/MediaBox [ 0 0 595 842]",
+        "/URI (https://www.zephon.example)",
+    };
+    std::size_t at = 0;
+    for (const std::string& mark : marks) {
+      const std::size_t found = file.find(mark, at);
+      EXPECT_NE(found, std::string::npos) << mark.substr(0, 200);
+      if (found != std::string::npos) at = found;
+    }
+    EXPECT_EQ(file.find("/PageLayout"), std::string::npos);
+  }
+}
+
 // Every sentence of every language, each at its longest, stays between the margins.
 TEST_F(ReportFiles, FindingsOfEveryLanguageStayOnThePage) {
   for (const char* language : {"EN", "DE", "FR", "ES"}) {
     const auto dict = dictionary(language);
-    if (dict.size() < 271) continue;
+    ASSERT_GE(dict.size(), 271u) << language;
     const std::vector<std::string> findings(dict.begin() + 215, dict.begin() + 271);
     ASSERT_TRUE(writeExpertReport(path, host(), head(0, 120), findings, dict));
     FILE* pipe = ::popen(("pdftotext -bbox '" + path + "' - | grep -o 'xMax=\"[0-9.]*'").c_str(), "r");
