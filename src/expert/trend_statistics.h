@@ -21,8 +21,7 @@ using Series = std::vector<double>;
 // A column of a log as a smoothed series; {0} for an unknown kind and after a failure. U is the largest row.
 //   chart      of `col1`, the mean of each three rows on end: U - 1 elements
 //   hist       of `col1`, the means of days of 48 rows, days 0 to U / 48 - 2 rounded, the last day first;
-//   then
-//              the mean of each three on end
+//              then the mean of each three on end
 //   timestamp  how many rows below U have event code `col1` or `col2` on each day from the date of row U to
 //              that of row 0; then a third of each three days on end, of fewer at the end
 Series movingMean(const Logs& logs, std::string_view kind, int col1, int col2);

@@ -8,10 +8,15 @@
 namespace zephon {
 
 // .dat files: a log's raw bytes behind a short header, for support.
-//   1 date and time                2 "ID: " and the ID           3 "Firmware Version: "   4 "Software
-//   Version: 4.4" 5 "Chip ID: "                  6 "Voltage Rating: "          7 the kind "Mode: ", "X Scale:
-//   ", "CH1 Scale: ", "CH2 Scale: ", "CH3 Scale: " in a scope file only an empty line, the raw bytes as they
-//   are, a line end
+//   line 1   date and time
+//        2   "ID: " and the ID
+//        3   "Firmware Version: " and it
+//        4   "Software Version: 4.4"
+//        5   "Chip ID: " and it
+//        6   "Voltage Rating: " and it
+//        7   the kind
+//     8-12   in a scope file only: "Mode: ", "X Scale: ", "CH1 Scale: ", "CH2 Scale: ", "CH3 Scale: "
+//   then an empty line, the raw bytes as they are, and a line end
 // Kinds: "Scope", "Time Stamp", "History", "Internal Chart Data".
 
 // Of any kind but LiveChart, which has no raw bytes. `capture` is for a scope file.

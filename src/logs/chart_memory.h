@@ -47,15 +47,20 @@ struct ChartLog {
 };
 
 // The rows of the joined pages. Blocks follow each other without gaps:
-//   mark, 9 bytes     "STR" started, "CDF" clock changed, "PWR" power came back; hour, minute, second, month,
-//   day,
-//                     year since 2000, in universal time, as their hex digits stand
-//   sample, 20 bytes  10 seconds after the one before it, or after the mark
-//     0-1    voltage, 512 V full scale, 2 decimals      12     power factor, signed, 2 full scale, 3 decimals
-//     2-3    current, 256 A, 3 decimals                 14     crest factor, whole part in BCD
-//     4-5    power, signed, 262144 W                    15     crest factor, fraction, signed, 3 decimals
-//     6-8    neutral-ground voltage, 65536 V, 3         16-19  energy, 8.24 bits, in units of 232 kWh, 4
-//     decimals 9-11   frequency, 8000 Hz, 2 decimals
+//   mark, 9 bytes
+//     0-2    "STR" started, "CDF" clock changed, "PWR" power came back
+//     3-8    hour, minute, second, month, day, year since 2000, in universal time, as their hex digits stand
+//   sample, 20 bytes, 10 seconds after the one before it, or after the mark
+//     0-1    voltage, 512 V full scale, 2 decimals
+//     2-3    current, 256 A, 3 decimals
+//     4-5    power, signed, 262144 W, 1 decimal
+//     6-8    neutral-ground voltage, 65536 V, 3 decimals
+//     9-11   frequency, 8000 Hz, 2 decimals
+//     12     power factor, signed, 2 full scale, 3 decimals
+//     13     its letter, not read
+//     14     crest factor, whole part in BCD
+//     15     crest factor, fraction, signed, 3 decimals
+//     16-19  energy, 8.24 bits, in units of 232 kWh, 4 decimals
 // Signed fields are in ones' complement. A gap in power becomes two rows that repeat the last sample, one
 // second after it and nine seconds after the power came back, so that a chart shows a step and no slant.
 ChartLog decodeChartMemory(std::string_view stream, UtcOffset offset);
