@@ -24,6 +24,10 @@ class FindingsList : public QListWidget {
     watchWhile(*this, element, [this] { follow(); });
     follow();
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) { element_.choose(row); });
+    // A click on the finding that is chosen leads back to its rows, wherever the view has gone since.
+    connect(this, &QListWidget::itemClicked, this, [this] {
+      if (element_.onClick) element_.onClick();
+    });
   }
 
  private:
