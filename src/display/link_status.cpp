@@ -1,6 +1,7 @@
 #include "display/link_status.h"
 
 #include "comm/mod_comm.h"
+#include "protocol/advice_text.h"
 #include "protocol/dict_text.h"
 
 namespace zephon {
@@ -54,7 +55,7 @@ LostLink lostLink(const Main& main, ExchangeFailure why) {
   if (why == ExchangeFailure::Closed && main.link.table.lastCommError.code > 0) {
     LostLink lost;
     const std::int32_t code = CommGetError(main.link.table, lost.state);
-    lost.advice = main.around.serial.advice("COM" + std::to_string(main.link.commPort), code);
+    lost.advice = adviceText(main, "COM" + std::to_string(main.link.commPort), code);
     return lost;
   }
   for (const LostLine& line : kLostLines) {

@@ -87,68 +87,52 @@ std::vector<std::string> presentPorts(const PortFolders& folders) {
   for (const std::string& path : filesIn(folders.devices)) {
     const std::string name = fs::path(path).filename();
     if (!name.starts_with("ttyUSB") && !name.starts_with("ttyACM")) continue;
-    if (!reached.contains(path)) ports.push_back(withNote(path, "no COM number leads there"));
+    if (!reached.contains(path)) ports.push_back(path);
   }
   return ports;
 }
 
-std::string missing(const std::string& path, const PortFolders& folders) {
-  std::string text = path;
+PortAdvice missing(const std::string& path, const PortFolders& folders) {
   std::error_code error;
   const std::string target = fs::read_symlink(path, error);
-  if (!error) text.append(" leads to ").append(target).append(", which");
-  text += " does not exist";
+  const std::string way = error ? path : path + " -> " + target;
   const std::vector<std::string> ports = presentPorts(folders);
-  if (ports.empty()) return text + ", and no other serial port is there: plug in the cable.";
-  return text + ": plug in the cable, or choose another port. There are: " + joined(ports) + ".";
+  if (ports.empty()) return {PortTrouble::MissingAlone, {way}};
+  return {PortTrouble::Missing, {way, joined(ports)}};
 }
 
-// What the user could do to be let in.
-std::string groupAdvice(const std::string& path, const struct stat& status) {
+// Why the user is not let in.
+PortTrouble barrier(const struct stat& status, const std::string& user) {
+  if (status.st_uid == ::geteuid()) return PortTrouble::OwnerShut;
+  if ((status.st_mode & 0060) != 0060) return PortTrouble::GroupShut;
+  if (actsWithGroup(status.st_gid)) return PortTrouble::BeyondMode;
+  return listedInGroup(status.st_gid, user) ? PortTrouble::NextLogin : PortTrouble::NotInGroup;
+}
+
+PortAdvice forbidden(const std::string& path) {
   const std::string user = userName(::geteuid());
-  const std::string name = groupName(status.st_gid);
-  if (status.st_uid == ::geteuid()) return "its owner may not read and write it: chmod u+rw " + path;
-  if ((status.st_mode & 0060) != 0060)
-    return "that mode keeps the group out: sudo chown " + user + " " + path;
-  if (actsWithGroup(status.st_gid))
-    return user + " is in that group, so something beyond this mode forbids it";
-  if (listedInGroup(status.st_gid, user))
-    return user + " is in that group from the next log-in on: log out and in again";
-  return user + " is not in that group: sudo usermod -aG " + name + " " + user +
-         ", then log out and in again";
-}
-
-std::string forbidden(const std::string& path) {
   struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) {
-    const std::string folder = fs::path(path).parent_path();
-    return userName(::geteuid()) + " may not look at " + path + ": check the permissions of the folder " +
-           folder + ".";
-  }
+  if (::stat(path.c_str(), &status) != 0)
+    return {PortTrouble::Hidden, {path, user, fs::path(path).parent_path()}};
   std::array<char, 8> mode{};
   std::snprintf(mode.data(), mode.size(), "%04o", static_cast<unsigned>(status.st_mode & 07777));
-  return "No permission to use " + path + " (owner " + userName(status.st_uid) + ", group " +
-         groupName(status.st_gid) + ", mode " + mode.data() + "): " + groupAdvice(path, status) + ".";
+  const std::string group = groupName(status.st_gid);
+  return {barrier(status, user),
+          {path, userName(status.st_uid) + ':' + group + ' ' + mode.data(), user, group}};
 }
 
-std::string busy(const std::string& path, const std::string& processes) {
+PortAdvice busy(const std::string& path, const std::string& processes) {
   std::vector<std::string> names;
-  for (const DeviceHolder& holder : deviceHolders(path, processes)) {
-    const std::string what = holder.pid == ::getpid() ? "this program itself" : holder.name;
-    names.push_back(withNote(what.empty() ? "a program" : what, "process " + std::to_string(holder.pid)));
-  }
-  if (names.empty()) {
-    return path + " is in use by a program that " + userName(::geteuid()) + " may not see: sudo fuser -v " +
-           path + " names it.";
-  }
-  return path + " is in use by " + joined(names) + ": end that program, or choose another port.";
+  for (const DeviceHolder& holder : deviceHolders(path, processes))
+    names.push_back(withNote(holder.name.empty() ? "?" : holder.name, std::to_string(holder.pid)));
+  if (names.empty()) return {PortTrouble::BusyHidden, {path, userName(::geteuid())}};
+  return {PortTrouble::Busy, {path, joined(names)}};
 }
 
 }  // namespace
 
-std::string portAdvice(const std::string& devicePath, int error, const AdviceRoots& roots) {
-  if (devicePath.empty())
-    return "That is no port name: a port is called COM and a number, COM1 for the first.";
+PortAdvice portAdvice(const std::string& devicePath, int error, const AdviceRoots& roots) {
+  if (devicePath.empty()) return {PortTrouble::NoPortName};
   const bool stands = ::access(devicePath.c_str(), F_OK) == 0 || errno == EACCES;
   if (!stands) return missing(devicePath, roots.folders);
   switch (error) {
@@ -158,15 +142,15 @@ std::string portAdvice(const std::string& devicePath, int error, const AdviceRoo
     case EBUSY:
       return busy(devicePath, roots.processes);
     case ENOTTY:
-      return devicePath + " is no serial port: link the COM number to one.";
+      return {PortTrouble::NoSerial, {devicePath}};
     case ENOENT:
-      return devicePath + " was missing a moment ago and is there now: try again.";
+      return {PortTrouble::BackAgain, {devicePath}};
     case EIO:
     case ENXIO:
     case ENODEV:
-      return devicePath + " stands, but no device answers behind it: unplug the cable and plug it in again.";
+      return {PortTrouble::NoDevice, {devicePath}};
     default:
-      return devicePath + " could not be opened: " + systemErrorText(error) + ".";
+      return {PortTrouble::Other, {devicePath, systemErrorText(error)}};
   }
 }
 

@@ -247,7 +247,7 @@ std::string PosixSerial::errorText(int error) const {
   return systemErrorText(error);
 }
 
-std::string PosixSerial::advice(const std::string& portName, int error) const {
+PortAdvice PosixSerial::advice(const std::string& portName, int error) const {
   return portAdvice(devicePath(folders_, portName), error, {.folders = folders_});
 }
 

@@ -40,7 +40,7 @@ class PosixSerial : public SerialDevice {
 
   int lastError() const override { return lastError_; }
   std::string errorText(int error) const override;
-  std::string advice(const std::string& portName, int error) const override;
+  PortAdvice advice(const std::string& portName, int error) const override;
   int descriptor(SerialHandle handle) const override;
 
  private:

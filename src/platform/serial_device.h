@@ -4,6 +4,8 @@
 #include <span>
 #include <string>
 
+#include "platform/port_advice.h"
+
 namespace zephon {
 
 // An open serial device. Negative is none.
@@ -68,8 +70,8 @@ class SerialDevice {
 
   virtual int lastError() const = 0;
   virtual std::string errorText(int error) const = 0;
-  // What a person can do about an open that failed with `error`, in one line; empty when nothing is known.
-  virtual std::string advice(const std::string& /*portName*/, int /*error*/) const { return {}; }
+  // What there is to know about an open that failed with `error`.
+  virtual PortAdvice advice(const std::string& /*portName*/, int /*error*/) const { return {}; }
 
   // What the event loop may watch while somebody waits for bytes; kNoDescriptor where arrivals are loop
   // events.

@@ -82,7 +82,7 @@ bool setTime(Main& main) {
 std::int16_t getYorCT(Main& main) {
   const Stay stay(main);
   flushPort(main);
-  if (!sendText(main, tessara::kWiring.text)) return 0;
+  sendText(main, tessara::kWiring.text);
   main.exchange.timedOut = false;
   if (!stay.stands()) return 0;
   const auto reply = gather(main, tessara::kWiring.timeoutMs, kWiringRead,

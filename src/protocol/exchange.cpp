@@ -17,6 +17,7 @@ constexpr std::int32_t kSettleRead = 1024;
 // moment.
 constexpr double kQuietMs = 50;
 constexpr double kShortReplyMs = 200;
+constexpr int kMostLate = 4;  // as often as a reading is tried
 constexpr double kLongestReplyMs = 12'000;
 
 bool portIsOpen(const Main& main) {
@@ -56,11 +57,12 @@ class Gathering {
   const EventLoop& loop_;
 };
 
-// Collects what arrives until the line has been quiet for so long. False when the visit is over by then.
-bool runOut(Main& main, const PageVisit& visit, double quietMs, std::string& gathered) {
+// Collects what arrives until the line has been quiet for so long, or for the longest wait on a line that never is.
+// False when the visit is over by then.
+bool runOut(Main& main, const PageVisit& visit, double quietMs, double longestMs, std::string& gathered) {
   const EventLoop& loop = main.around.loop;
   const Port port = portOf(main);
-  const Instant end = loop.now() + fromMillis(kLongestReplyMs);
+  const Instant end = loop.now() + fromMillis(longestMs);
   Instant quiet = loop.now() + fromMillis(quietMs);
   while (loop.now() < std::min(quiet, end) && portIsOpen(main)) {
     std::string chunk;
@@ -102,7 +104,8 @@ std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeout
   }
   exchange.Timer1.setEnabled(false);
   // The device answers in order: behind a reply that had been given up stands the one that was asked for now.
-  if (mayBeLate && !runOut(main, visit, lateMs, gathered)) return fail(main, ExchangeFailure::Cancelled);
+  if (mayBeLate && !runOut(main, visit, lateMs, kMostLate * lateMs, gathered))
+    return fail(main, ExchangeFailure::Cancelled);
   exchange.lastFailure = ExchangeFailure::None;
   state.whole = true;
   return gathered;
@@ -134,7 +137,7 @@ bool settleLine(Main& main) {
   const PageVisit visit = main.pages.wanted;
   if (exchange.gathering == 0 && !exchange.replyAbandoned) return true;
   std::string dropped;
-  return runOut(main, visit, kQuietMs, dropped);
+  return runOut(main, visit, kQuietMs, kLongestReplyMs, dropped);
 }
 
 bool sendText(Main& main, std::string_view text) {

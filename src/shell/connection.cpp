@@ -6,6 +6,7 @@
 #include "comm/mod_comm.h"
 #include "display/link_status.h"
 #include "protocol/clock.h"
+#include "protocol/advice_text.h"
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/identity.h"
@@ -45,7 +46,7 @@ void closePort(Main& main) {
 bool openFailed(Main& main) {
   std::string text;
   const std::int32_t code = CommGetError(main.link.table, text);
-  const std::string advice = main.around.serial.advice(portName(main), code);
+  const std::string advice = adviceText(main, portName(main), code);
   showLinkFailure(main, text, advice);
   if (!main.frame.dataBtn.value()) main.around.dialogs.message("COM Error: " + text, advice);
   main.link.openFailed = true;
@@ -62,6 +63,7 @@ Answer findModelLine(Main& main, const PageVisit& visit) {
   main.link.modelLine = static_cast<std::int16_t>((main.link.modelLine + 1) % 2);
   closePort(main);
   if (!openPort(main)) return Answer::CantOpen;
+  main.exchange.replyAbandoned = false;  // at the other speed nothing of it can come
   return getFirmwareVersion(main) ? Answer::Yes : Answer::No;
 }
 
@@ -124,6 +126,7 @@ void zeroPointers(Slider& slider, std::size_t from) {
 bool openPort(Main& main) {
   CommFlush(portOf(main), main.link.commPort);
   if (CommOpen(portOf(main), main.link.commPort, portName(main), settings(main)) != 0) return false;
+  main.link.table.lastCommError = {};  // what failed on a closed port says nothing of this connection
   setModemLines(main, true);
   return true;
 }

@@ -5,6 +5,7 @@
 #include <cerrno>
 
 #include "comm/mod_comm.h"
+#include "protocol/advice_text.h"
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/identity.h"
@@ -59,7 +60,7 @@ std::string noteOf(const Main& main, bool opened) {
   if (opened) return filledText(dictText(main, words::kNobodyAnswers), {portName(main)});
   const CommError& error = main.link.table.lastCommError;
   if (error.code == ENOENT) return {};
-  const std::string advice = main.around.serial.advice(portName(main), error.code);
+  const std::string advice = adviceText(main, portName(main), error.code);
   return portName(main) + ": " + (advice.empty() ? error.message : advice);
 }
 
@@ -93,6 +94,7 @@ class Search {
       wait(main_, opened ? kPauseMs : 0);
       if (!stands()) return false;
       opened = openPort(main_);
+      main_.exchange.replyAbandoned = false;  // nobody has been asked anything here yet
       if (opened && conditionerAnswers(main_)) return true;
       if (!stands()) return false;  // whoever stopped it has closed the port
       if (!port(main_).open) break;
@@ -150,7 +152,9 @@ void found(Main& main, const Search& search) {
   if (!search.stands()) return;
   main.com.comNumEdit.setValue(main.link.commPort);
   disconnectSub(main);
-  end(main, kKeyFound, who + ".\n" + dictText(main, words::kSaveFound));
+  // A configuration can't name the last number.
+  const bool keeps = main.link.commPort < kPorts;
+  end(main, kKeyFound, who + "." + (keeps ? "\n" + dictText(main, words::kSaveFound) : std::string()));
 }
 
 }  // namespace

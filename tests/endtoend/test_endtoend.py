@@ -188,7 +188,7 @@ class UnattendedExport(unittest.TestCase):
             self.assertEqual(finish(first).status, 0)
         self.assertEqual(second.status, 3)
         self.assertIn("CommOpen (CreateFile) - Device or resource busy", second.errors)
-        self.assertIn(f"zephon (process {first.pid})", second.errors)
+        self.assertIn(f"zephon ({first.pid})", second.errors)
 
     def wait_for_port(self, process, device):
         line = device.port.resolve()

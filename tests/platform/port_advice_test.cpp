@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <sstream>
+#include <vector>
 
 #include "support/temp_folder.h"
 
@@ -15,13 +16,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class PortAdvice : public testing::Test {
+class PortAdviceTest : public testing::Test {
  protected:
-  void expectAdvice(const std::string& path, int error, const std::string& words) {
-    const std::string text =
+  using Places = std::vector<std::string>;
+  // The trouble, and the first of its places.
+  void expectAdvice(const std::string& path, int error, PortTrouble trouble, const Places& places) {
+    const PortAdvice advice =
         portAdvice(path, error, {{folder_ / "ports", folder_ / "dev"}, folder_ / "proc"});
-    EXPECT_NE(text.find(words), std::string::npos) << text;
-    EXPECT_EQ(text.find('\n'), std::string::npos);
+    EXPECT_EQ(static_cast<int>(advice.trouble), static_cast<int>(trouble)) << path << " " << error;
+    for (std::size_t i = 0; i < places.size(); ++i) EXPECT_EQ(advice.places.at(i), places[i]) << i;
   }
   // A link, with the folders above it.
   void link(const std::string& target, const std::string& name) {
@@ -33,22 +36,21 @@ class PortAdvice : public testing::Test {
   const std::string device_ = folder_.put("dev/ttyUSB0", "");
 };
 
-TEST_F(PortAdvice, MissingNodeListsThePortsThatStand) {
+TEST_F(PortAdviceTest, MissingNodeListsThePortsThatStand) {
   fs::remove(device_);
-  expectAdvice(device_, ENOENT, device_ + " does not exist, and no other serial port is there: plug in");
+  expectAdvice(device_, ENOENT, PortTrouble::MissingAlone, {device_});
   for (const char* name : {"dev/ttyUSB1", "dev/ttyUSB2", "dev/tty1"}) folder_.put(name, "");
   link(folder_ / "dev/ttyUSB1", "ports/COM3");
   link(folder_ / "gone", "ports/COM4");
-  expectAdvice(device_, EIO,
-               " does not exist: plug in the cable, or choose another port. There are: COM2 (" +
-                   (folder_ / "dev/ttyUSB1") + "), COM3 (" + (folder_ / "ports/COM3") + "), " +
-                   (folder_ / "dev/ttyUSB2") + " (no COM number leads there).");
-  expectAdvice(folder_ / "ports/COM4", ENOENT,
-               "COM4 leads to " + (folder_ / "gone") + ", which does not exist");
+  const std::string ports = "COM2 (" + (folder_ / "dev/ttyUSB1") + "), COM3 (" + (folder_ / "ports/COM3") +
+                            "), " + (folder_ / "dev/ttyUSB2");
+  expectAdvice(device_, EIO, PortTrouble::Missing, {device_, ports});
+  expectAdvice(folder_ / "ports/COM4", ENOENT, PortTrouble::Missing,
+               {(folder_ / "ports/COM4") + " -> " + (folder_ / "gone")});
 }
 
-TEST_F(PortAdvice, BusyNodeNamesThoseWhoHaveItOpenOrLocked) {
-  expectAdvice(device_, EBUSY, "may not see: sudo fuser -v " + device_);
+TEST_F(PortAdviceTest, BusyNodeNamesThoseWhoHaveItOpenOrLocked) {
+  expectAdvice(device_, EBUSY, PortTrouble::BusyHidden, {device_});
   link(device_, "proc/77/fd/3");
   folder_.put("proc/77/comm", "minicom\n");
   link("/dev/null", "proc/78/fd/0");
@@ -61,31 +63,30 @@ TEST_F(PortAdvice, BusyNodeNamesThoseWhoHaveItOpenOrLocked) {
         << status.st_ino << " 0 EOF\n3: -> FLOCK garbage\n";
   folder_.put("proc/locks", locks.str());
   link(device_, "ports/COM1");
-  for (const std::string& path : {device_, folder_ / "ports/COM1"}) {
-    expectAdvice(path, EBUSY, path + " is in use by minicom (process 77), logger (process 901): end that");
-  }
+  for (const std::string& path : {device_, folder_ / "ports/COM1"})
+    expectAdvice(path, EBUSY, PortTrouble::Busy, {path, "minicom (77), logger (901)"});
 }
 
-TEST_F(PortAdvice, ForbiddenNodeTellsOwnerGroupModeAndWhatToDo) {
+TEST_F(PortAdviceTest, ForbiddenNodeTellsOwnerGroupModeAndWhatToDo) {
   ::chmod(device_.c_str(), 0400);
-  expectAdvice(device_, EACCES, "mode 0400): its owner may not read and write it: chmod u+rw " + device_);
+  expectAdvice(device_, EACCES, PortTrouble::OwnerShut, {device_});
   if (::geteuid() != 0) GTEST_SKIP() << "only root gives files away";
-  const std::tuple<gid_t, mode_t, const char*> cases[] = {
-      {54322, 0640, "(owner 54321, group 54322, mode 0640): that mode keeps the group out: sudo chown"},
-      {54322, 0660, "is not in that group: sudo usermod -aG 54322 "},
-      {::getegid(), 0660, "is in that group, so something beyond"}};
-  for (const auto& [group, mode, words] : cases) {
+  const std::tuple<gid_t, mode_t, PortTrouble, std::string> cases[] = {
+      {54322, 0640, PortTrouble::GroupShut, "54321:54322 0640"},
+      {54322, 0660, PortTrouble::NotInGroup, "54321:54322 0660"},
+      {::getegid(), 0660, PortTrouble::BeyondMode, "54321:root 0660"}};
+  for (const auto& [group, mode, trouble, owners] : cases) {
     ASSERT_EQ(::chown(device_.c_str(), 54321, group), 0);
     ::chmod(device_.c_str(), mode);
-    expectAdvice(device_, EACCES, words);
+    expectAdvice(device_, EACCES, trouble, {device_, owners, "root"});
   }
 }
 
-TEST_F(PortAdvice, OtherErrorsOfANodeThatStands) {
-  expectAdvice(device_, EIO, "no device answers");
-  expectAdvice(device_, ENOENT, "is there now: try again");
-  expectAdvice(device_, EMFILE, "could not be opened: Too many open files.");
-  expectAdvice("", ENOENT, "no port name");
+TEST_F(PortAdviceTest, OtherErrorsOfANodeThatStands) {
+  expectAdvice(device_, EIO, PortTrouble::NoDevice, {device_});
+  expectAdvice(device_, ENOENT, PortTrouble::BackAgain, {device_});
+  expectAdvice(device_, EMFILE, PortTrouble::Other, {device_, "Too many open files"});
+  expectAdvice("", ENOENT, PortTrouble::NoPortName, {});
 }
 
 }  // namespace
