@@ -41,7 +41,8 @@ zephon_install_compressed(${made}/changelog.Debian changelog.Debian.gz ${CMAKE_I
 zephon_install_compressed(${CMAKE_SOURCE_DIR}/CHANGELOG.md changelog.gz ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${packaging}/debian/copyright DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(FILES ${packaging}/debian/overrides DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides RENAME zephon)
-install(FILES docs/export.md docs/findings.md docs/language-file.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(FILES docs/device.md docs/export.md docs/findings.md docs/language-file.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
+install(DIRECTORY docs/handbook docs/pictures DESTINATION ${CMAKE_INSTALL_DOCDIR})
 install(DIRECTORY ${packaging}/examples DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)
