@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 
 #include "platform/read_file.h"
@@ -12,6 +9,7 @@
 #include "reports/expert_report.h"
 #include "reports/setup_report.h"
 #include "support/temp_folder.h"
+#include "text/strings.h"
 
 namespace zephon {
 namespace {
@@ -23,18 +21,17 @@ std::vector<std::string> dictionary(const std::string& language) {
   return lines;
 }
 
+std::string outputOf(const std::string& command) {
+  FILE* pipe = ::popen(command.c_str(), "r");
+  std::string output;
+  for (int c = pipe ? std::fgetc(pipe) : EOF; c != EOF; c = std::fgetc(pipe)) output += static_cast<char>(c);
+  if (!pipe || ::pclose(pipe) != 0) ADD_FAILURE() << command;
+  return output;
+}
+
 // What a reader of the file sees, page by page, with one blank for a row of them.
 std::vector<std::string> pagesOf(const std::string& path) {
-  FILE* pipe = ::popen(("pdftotext -layout '" + path + "' -").c_str(), "r");
-  std::vector<std::string> pages(1);
-  for (int c = pipe ? std::fgetc(pipe) : EOF; c != EOF; c = std::fgetc(pipe)) {
-    if (c == '\f') {
-      pages.emplace_back();
-    } else if (c != ' ' || !pages.back().ends_with(' ')) {
-      pages.back() += static_cast<char>(c);
-    }
-  }
-  if (!pipe || ::pclose(pipe) != 0) ADD_FAILURE() << "pdftotext failed";
+  auto pages = split(outputOf("pdftotext -layout '" + path + "' - | tr -s ' '"), '\f');
   pages.pop_back();  // behind the last page's end
   return pages;
 }
@@ -146,12 +143,8 @@ TEST_F(ReportFiles, FindingsOfEveryLanguageStayOnThePage) {
     ASSERT_GE(dict.size(), 271u) << language;
     const std::vector<std::string> findings(dict.begin() + 215, dict.begin() + 271);
     ASSERT_TRUE(writeExpertReport(path, host(), head(0, 120), findings, dict));
-    FILE* pipe = ::popen(("pdftotext -bbox '" + path + "' - | grep -o 'xMax=\"[0-9.]*'").c_str(), "r");
-    double right = 0;
-    std::array<char, 64> text;
-    while (pipe && std::fgets(text.data(), text.size(), pipe))
-      right = std::max(right, std::atof(text.data() + 6));
-    if (pipe) ::pclose(pipe);
+    const double right = std::stod(
+        outputOf("pdftotext -bbox '" + path + "' - | grep -o 'xMax=.[0-9]*' | cut -c7- | sort -n | tail -1"));
     EXPECT_GT(right, 300) << language;
     EXPECT_LT(right, 595 - 29) << language;
   }
@@ -160,8 +153,7 @@ TEST_F(ReportFiles, FindingsOfEveryLanguageStayOnThePage) {
 TEST_F(ReportFiles, LogReportHasEveryRowUnderAHeadThatEachPageRepeats) {
   LogTable<8> events;
   for (int i = 0; i < 512; ++i)
-    events.push_back(
-        {13, 1.0 + i % 28, 5, i / 60.0 - std::fmod(i / 60.0, 1.0), i % 60 * 1.0, 7, i % 2 ? 1.0 : 16.0, 132});
+    events.push_back({13, 1.0 + i % 28, 5, std::floor(i / 60.0), i % 60 * 1.0, 7, i % 2 ? 1.0 : 16.0, 132});
   events[3] = {13, 4, 5, 0, 3, 7, 64, 21};
   ASSERT_TRUE(writeEventReport(path, host(), head(0, 120), events, english));
   const auto pages = pagesOf(path);
