@@ -49,8 +49,6 @@ TEST_F(LogViews, ExcludeEachOtherAndTheTree) {
   d.vMaxBtn.click();
   EXPECT_EQ(plotsVisible(), "smallest voltage;peak power;");
   EXPECT_TRUE(graph.axes()[0].visible && !graph.axes()[1].visible);
-  d.iMaxBtn.click();
-  EXPECT_EQ(plotsVisible(), "smallest voltage;peak current;peak power;");
   d.maxMinHistBtn.click();
   EXPECT_TRUE(d.TreeView1.visible() && graph.plots().empty());
   EXPECT_FALSE(graph.visible() || d.vMaxBtn.visible() || d.vMinBtn.value());

@@ -60,15 +60,6 @@ TEST_F(Opening, WhatIsNoLogIsRefusedWithItsPlaceAndLeavesNoTable) {
   }
 }
 
-TEST_F(Opening, EventsOfAnotherLanguageAreToldInOneLine) {
-  open(world.d.tsDataBtn, world.folder.put("de.csv", kEventHead + "05/31/13,14:02:07,Ueberspannung,133\r\n"
-                                                                  "05/31/13,14:02:09,Over Voltage,134\r\n"));
-  EXPECT_EQ(logs.tsData.size(), 2U);
-  ASSERT_EQ(world.dialogs.shown().size(), 2U);
-  EXPECT_EQ(world.dialogs.texts()[1], "1 of 2 events have names of another language.");
-  EXPECT_EQ(world.main.link.userID + std::to_string(world.main.link.nominalVolts), "BENCH 7240");
-}
-
 TEST_F(Opening, EventsAreReadByTheInstalledLanguageThatKnowsThemAll) {
   world.main.around.folders.program = ZEPHON_RESOURCES;
   const std::string german = kEventHead + "05/31/13,14:02:07,\xDC" + "berspannung,133\r\n";

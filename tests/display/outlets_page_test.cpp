@@ -11,140 +11,131 @@ using simulator::FaultKind;
 using simulator::Line;
 using testing_support::World;
 
-class OutletsPage : public testing::TestWithParam<Line> {
+class OutletsPage : public World, public testing::TestWithParam<Line> {
  protected:
-  OutletsPage() {
-    wireOutletsPage(main_, {[this] {
-                      ++lost_;
-                      world_.stay(Page::None);
+  OutletsPage() : World(simulator::makeProfile(GetParam())) {
+    wireOutletsPage(main, {[this] {
+                      ++lost;
+                      stay(Page::None);
                     }});
-    for (Button* button : {&on_, &cycle_}) button->setVisible(true);
+    for (Button* button : {&on, &cycle}) button->setVisible(true);
     open();
   }
   void open() {
-    world_.stay(Page::Outlets);
-    startOutletsPage(main_);
-    world_.run(500);
+    stay(Page::Outlets);
+    startOutletsPage(main);
+    run(500);
   }
   // Something that happens in the middle of the next exchange.
   void inExchange(std::function<void()> what) {
-    world_.later(1, [this, what] { main_.exchange.Timer1.enabled() ? what() : inExchange(what); });
+    later(1, [this, what] { main.exchange.Timer1.enabled() ? what() : inExchange(what); });
   }
-  char outlets() { return world_.device.device().outletLetter(); }
-  const std::string& text(std::size_t key) { return main_.dict[key]; }
+  simulator::Device& unit() { return device.device(); }
+  const std::string& text(std::size_t key) { return main.dict[key]; }
 
-  World world_{simulator::makeProfile(GetParam())};
-  Main& main_ = world_.main;
-  Button& on_ = main_.outlets.oOnBtn;
-  Button& cycle_ = main_.outlets.oCycBtn;
-  int lost_ = 0;
+  Button& on = main.outlets.oOnBtn;
+  Button& cycle = main.outlets.oCycBtn;
+  int lost = 0;
 };
 
 INSTANTIATE_TEST_SUITE_P(Lines, OutletsPage, testing::Values(Line::Orvantis, Line::Tessara),
                          [](const auto& one) { return one.param == Line::Orvantis ? "First" : "Second"; });
 
-TEST_P(OutletsPage, OffTakesTwoPressesAndOnTakesOne) {
-  EXPECT_EQ(on_.caption(), text(26));
-  on_.click();
-  EXPECT_EQ(on_.caption(), text(27));
-  EXPECT_EQ(outlets(), '1');
-  world_.run(5000);
-  EXPECT_EQ(on_.caption(), text(27)) << "polling keeps the armed press";
-  on_.click();
-  world_.run(2000);
-  EXPECT_EQ(outlets(), '0');
-  EXPECT_EQ(on_.caption(), text(72));
-  on_.click();
-  world_.run(2000);
-  EXPECT_EQ(outlets(), '1');
-  EXPECT_EQ(on_.caption(), text(26));
-  EXPECT_EQ(lost_, 0);
-}
-
-TEST_P(OutletsPage, CyclingTakesTwoPresses) {
-  cycle_.click();
-  EXPECT_EQ(cycle_.caption(), text(29));
-  EXPECT_EQ(outlets(), '1');
-  cycle_.click();
-  world_.run(2000);
-  EXPECT_EQ(outlets(), 'C');
-  EXPECT_FALSE(on_.enabled() || cycle_.enabled());
-  world_.run(10'000);
-  EXPECT_EQ(cycle_.caption() + on_.caption(), text(28) + text(26));
+TEST_P(OutletsPage, OffAndACycleTakeTwoPressesAndOnTakesOne) {
+  EXPECT_EQ(on.caption(), text(26));
+  on.click();
+  run(5000);
+  EXPECT_EQ(on.caption(), text(27)) << "polling keeps the armed press";
+  EXPECT_EQ(unit().outletLetter(), '1');
+  on.click();
+  run(2000);
+  EXPECT_EQ(unit().outletLetter(), '0');
+  EXPECT_EQ(on.caption(), text(72));
+  on.click();
+  run(2000);
+  EXPECT_EQ(unit().outletLetter(), '1');
+  cycle.click();
+  EXPECT_EQ(cycle.caption(), text(29));
+  EXPECT_EQ(unit().outletLetter(), '1');
+  cycle.click();
+  run(2000);
+  EXPECT_EQ(unit().outletLetter(), 'C');
+  EXPECT_FALSE(on.enabled() || cycle.enabled());
+  run(10'000);
+  EXPECT_EQ(cycle.caption() + on.caption(), text(28) + text(26));
+  EXPECT_EQ(lost, 0);
 }
 
 TEST_P(OutletsPage, WhatTakesAnArmedPressBack) {
-  on_.click();
-  cycle_.click();  // the other button
-  EXPECT_EQ(on_.caption() + cycle_.caption(), text(26) + text(29));
-  on_.click();
-  EXPECT_EQ(on_.caption() + cycle_.caption(), text(27) + text(28));
-  on_.click(MouseButton::Right);
-  EXPECT_EQ(on_.caption(), text(26));
-  on_.click();
-  world_.device.device().forceFault('G');
-  world_.run(2000);
-  EXPECT_EQ(main_.outlets.oFltBtn.caption(), text(74));
-  world_.device.device().forceFault(0);
-  world_.run(2000);
-  EXPECT_EQ(on_.caption(), text(26));
-  cycle_.click();
-  world_.stay(Page::None);  // the page is left and opened again
+  on.click();
+  cycle.click();  // the other button
+  EXPECT_EQ(on.caption() + cycle.caption(), text(26) + text(29));
+  on.click();
+  EXPECT_EQ(on.caption() + cycle.caption(), text(27) + text(28));
+  on.click(MouseButton::Right);
+  EXPECT_EQ(on.caption(), text(26));
+  on.click();
+  unit().forceFault('G');
+  run(2000);
+  EXPECT_EQ(main.outlets.oFltBtn.caption(), text(74));
+  unit().forceFault(0);
+  run(2000);
+  EXPECT_EQ(on.caption(), text(26));
+  cycle.click();
+  stay(Page::None);  // the page is left and opened again
   open();
-  EXPECT_EQ(cycle_.caption(), text(28));
-  EXPECT_EQ(outlets(), '1');
+  EXPECT_EQ(cycle.caption(), text(28));
+  EXPECT_EQ(unit().outletLetter(), '1');
 }
 
-TEST_P(OutletsPage, APollThatFailsIsALostLinkOnceAndSoIsAPress) {
-  world_.device.cutLine();
-  world_.run(5000);
-  EXPECT_EQ(lost_, 1);
-  EXPECT_FALSE(main_.pages.outletsOn || main_.timers.outletTimer.enabled());
-  world_.device.restoreLine();
+TEST_P(OutletsPage, AFailureIsALostLinkOnce) {
+  device.cutLine();
+  run(5000);
+  EXPECT_EQ(lost, 1) << "of a poll";
+  EXPECT_FALSE(main.pages.outletsOn || main.timers.outletTimer.enabled());
+  device.restoreLine();
   open();
-  on_.click();
-  world_.device.cutLine();
-  on_.click(MouseButton::Right);
-  EXPECT_EQ(lost_, 2);
+  on.click();
+  device.cutLine();
+  on.click(MouseButton::Right);
+  EXPECT_EQ(lost, 2) << "of a press";
+}
+
+TEST_P(OutletsPage, ARefusedSwitchIsALostLinkWhereItIsConfirmed) {
+  on.click();
+  device.addFault({.kind = FaultKind::Refuse, .commands = 1});
+  on.click();
+  EXPECT_EQ(lost, GetParam() == Line::Orvantis ? 1 : 0);
+  EXPECT_EQ(unit().outletLetter(), '1');
 }
 
 // A press in the middle of a poll takes the line from it; the poll's failure is then no news.
 TEST_P(OutletsPage, APressInsideAPollIsNoFalseAlarm) {
-  world_.device.device().switchOutlets(false);
-  world_.run(2000);
-  ASSERT_EQ(on_.caption(), text(72));
-  world_.device.addFault({.kind = FaultKind::Late, .amount = 100, .commands = 1});
+  unit().switchOutlets(false);
+  run(2000);
+  device.addFault({.kind = FaultKind::Late, .amount = 100, .commands = 1});
   bool inside = false;
   inExchange([&] {
     inside = true;
-    on_.click();
+    on.click();
   });
-  world_.run(5000);
-  ASSERT_TRUE(inside);
-  EXPECT_EQ(lost_, 0);
-  EXPECT_EQ(outlets(), '1');
-  EXPECT_TRUE(main_.timers.outletTimer.enabled());
+  run(5000);
+  EXPECT_TRUE(inside && main.timers.outletTimer.enabled());
+  EXPECT_EQ(lost, 0);
+  EXPECT_EQ(unit().outletLetter(), '1');
 }
 
-TEST_P(OutletsPage, ARefusedSwitchIsALostLinkWhereItIsConfirmed) {
-  on_.click();
-  world_.device.addFault({.kind = FaultKind::Refuse, .commands = 1});
-  on_.click();
-  EXPECT_EQ(lost_, GetParam() == Line::Orvantis ? 1 : 0);
-  EXPECT_EQ(outlets(), '1');
-}
-
-TEST_P(OutletsPage, APageLeftInAPollOrAPressWindsDownSilently) {
-  on_.click();
-  world_.later(10, [&] {
-    world_.stay(Page::None);
-    main_.timers.outletTimer.setEnabled(false);
+TEST_P(OutletsPage, APageLeftInAPressWindsDownSilently) {
+  on.click();
+  later(10, [&] {
+    stay(Page::None);
+    main.timers.outletTimer.setEnabled(false);
   });
-  on_.click();
-  world_.device.cutLine();
-  world_.run(3000);
-  EXPECT_EQ(lost_, 0);
-  EXPECT_FALSE(main_.timers.outletTimer.enabled());
+  on.click();
+  device.cutLine();
+  run(3000);
+  EXPECT_EQ(lost, 0);
+  EXPECT_FALSE(main.timers.outletTimer.enabled());
 }
 
 }  // namespace

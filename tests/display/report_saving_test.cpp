@@ -11,8 +11,9 @@ namespace {
 using testing_support::DataWorld;
 
 // The data page of a device with a log, with what the dialogs are answered.
-struct ReportWorld : DataWorld {
-  ReportWorld() {
+class ReportSaving : public DataWorld, public testing::Test {
+ protected:
+  ReportSaving() {
     wireExpert(main);
     main.findings.report = [this] { saveExpertReport(main); };
     main.around.folders.program = ZEPHON_RESOURCES;
@@ -31,68 +32,49 @@ struct ReportWorld : DataWorld {
 };
 using Kinds = std::vector<std::string>;
 
-TEST(ReportSaving, ExpertReportIsAskedForWrittenAndOpened) {
-  ReportWorld world;
-  world.d.histDataBtn.click();
-  world.dialogs.promptAnswer = "120";
+TEST_F(ReportSaving, ExpertReportIsAskedForWrittenAndOpened) {
+  d.histDataBtn.click();
+  dialogs.promptAnswer = "120";
   std::vector<bool> saveEnabled;
-  world.dialogs.meanwhile = [&] { saveEnabled.push_back(world.f.saveBtn.enabled()); };
-  world.pressExpert();
-  EXPECT_EQ(world.kinds(), (Kinds{"prompt", "saveFile", "message", "openInViewer"}));
+  dialogs.meanwhile = [&] { saveEnabled.push_back(f.saveBtn.enabled()); };
+  pressExpert();
+  EXPECT_EQ(kinds(), (Kinds{"prompt", "saveFile", "message", "openInViewer"}));
   EXPECT_EQ(saveEnabled, (std::vector<bool>{true, true, false, false}));
-  EXPECT_TRUE(world.f.saveBtn.enabled());
-  EXPECT_EQ(world.dialogs.shown()[1].text, "PCS Power Quality Report 03-05-2024 09.30.09.pdf");
-  EXPECT_TRUE(world.isPdf());
+  EXPECT_TRUE(f.saveBtn.enabled());
+  EXPECT_EQ(dialogs.shown()[1].text, "PCS Power Quality Report 03-05-2024 09.30.09.pdf");
+  EXPECT_TRUE(isPdf());
 
   // The old one is asked about; without a viewer the user is told where the new one lies.
-  world.folder.put("report.pdf", "old");
-  world.dialogs.forget();
-  world.dialogs.yes = false;
-  world.pressExpert();
-  EXPECT_EQ(world.kinds(), (Kinds{"prompt", "saveFile", "okCancel"}));
-  EXPECT_EQ(world.folder.get("report.pdf"), "old");
-  world.dialogs.forget();
-  world.dialogs.yes = true;
-  world.dialogs.hasViewer = false;
-  world.pressExpert();
-  EXPECT_EQ(world.kinds(), (Kinds{"prompt", "saveFile", "okCancel", "message", "openInViewer", "message"}));
-  EXPECT_NE(world.dialogs.texts().back().find(world.folder / "report.pdf"), std::string::npos);
-  EXPECT_TRUE(world.isPdf());
+  folder.put("report.pdf", "old");
+  dialogs.forget();
+  dialogs.yes = false;
+  pressExpert();
+  EXPECT_EQ(kinds(), (Kinds{"prompt", "saveFile", "okCancel"}));
+  EXPECT_EQ(folder.get("report.pdf"), "old");
+  dialogs.forget();
+  dialogs.yes = true;
+  dialogs.hasViewer = false;
+  pressExpert();
+  EXPECT_EQ(kinds(), (Kinds{"prompt", "saveFile", "okCancel", "message", "openInViewer", "message"}));
+  EXPECT_NE(dialogs.texts().back().find(folder / "report.pdf"), std::string::npos);
+  EXPECT_TRUE(isPdf());
 
-  world.dialogs.forget();
-  world.dialogs.saveAnswer.reset();
-  world.pressExpert();
-  EXPECT_EQ(world.kinds(), (Kinds{"prompt", "saveFile"})) << "cancelled";
+  // Nothing is opened that was not written, or not asked for.
+  dialogs.saveAnswer = folder / "missing/report.pdf";
+  dialogs.forget();
+  pressExpert();
+  EXPECT_EQ(kinds(), (Kinds{"prompt", "saveFile", "message"}));
+  dialogs.saveAnswer.reset();
+  dialogs.forget();
+  pressExpert();
+  EXPECT_EQ(kinds(), (Kinds{"prompt", "saveFile"}));
 }
 
-TEST(ReportSaving, AFolderThatCannotBeWrittenIsToldAndOpensNothing) {
-  ReportWorld world;
-  world.d.histDataBtn.click();
-  world.dialogs.saveAnswer = world.folder / "missing/report.pdf";
-  world.pressExpert();
-  EXPECT_EQ(world.kinds(), (Kinds{"prompt", "saveFile", "message"}));
-  EXPECT_TRUE(world.f.saveBtn.enabled());
-}
-
-TEST(ReportSaving, TheLogOfEventsIsSavedAsAReportUnderAnyOtherName) {
-  ReportWorld world;
-  world.d.tsDataBtn.click();
-  world.f.saveBtn.click();
-  EXPECT_EQ(world.kinds(), (Kinds{"saveFile", "message", "openInViewer"}));
-  EXPECT_TRUE(world.isPdf());
-}
-
-TEST(ReportSaving, TheSettingsAreSavedAsText) {
-  ReportWorld world;
-  world.stay(Page::Setup);
-  world.d.histDataBtn.setVisible(false);
-  world.d.tsDataBtn.setVisible(false);
-  world.main.pages.setupOn = true;
-  world.main.limits = {90, 100, 105, 125, 130, 140};
-  world.dialogs.saveAnswer = world.folder / "setup.txt";
-  saveSetupReport(world.main);
-  EXPECT_EQ(world.dialogs.texts(), Kinds{"PCS Setup Report 03-05-2024 09.30.00.txt"});
-  EXPECT_NE(world.folder.get("setup.txt").find("Over Voltage Shutdown: 140 V\r\n"), std::string::npos);
+TEST_F(ReportSaving, TheLogOfEventsIsSavedAsAReportUnderAnyOtherName) {
+  d.tsDataBtn.click();
+  f.saveBtn.click();
+  EXPECT_EQ(kinds(), (Kinds{"saveFile", "message", "openInViewer"}));
+  EXPECT_TRUE(isPdf());
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -118,11 +119,16 @@ class World : public Bench {
     return options;
   }
 
-  // The commands that the device has heard since the start or device.clearLog(), data bytes behind them.
+  // The commands that the device has heard since the start or device.clearLog(), data bytes behind them, and
+  // how often it has heard one.
   std::vector<std::string> commands() const {
     std::vector<std::string> all;
     for (const simulator::Heard& one : device.heard()) all.push_back(one.command + one.data);
     return all;
+  }
+  std::ptrdiff_t asked(const std::string& command) const {
+    const auto all = commands();
+    return std::count(all.begin(), all.end(), command);
   }
 
   simulator::Conditioner device;
