@@ -36,6 +36,7 @@ TEST(Connect, TellsTheLineByTheAnswer) {
     EXPECT_EQ(link.modelLine, each.line == Line::Tessara ? 1 : 0);
     EXPECT_TRUE(link.nominalVolts == each.rating && link.ratedVolts == each.rating);
     EXPECT_EQ(link.firmwareVersion, profile.version());
+    EXPECT_TRUE(tool.line.modemLines(1).rts && tool.line.modemLines(1).dtr) << "they feed the cable";
     EXPECT_TRUE(tool.dialogs.shown().empty());
     const auto& heard = tool.device.heard();
     EXPECT_EQ(std::any_of(heard.begin(), heard.end(), [](const auto& one) { return one.command == "g"; }),

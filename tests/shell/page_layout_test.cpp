@@ -28,14 +28,24 @@ TEST(PageLayout, ShowsWhatTheFirmwareHas) {
     // Automatic transmit, chart memory, ground detection, overload shutdown, power fail hold, wiring.
     const char* setup;
     const char* elsewhere;  // overloads, current, neutral, history, memory
-  } devices[] = {
-      {Line::Orvantis, 120, "1GAZ", "", "cnh"},       {Line::Orvantis, 120, "1GB0", "TM", "ocnhm"},
-      {Line::Orvantis, 120, "1IBQ", "TM", "ocnhm"},   {Line::Orvantis, 120, "1IBR", "TMG", "ocnhm"},
-      {Line::Orvantis, 120, "1JD0", "TMG", "ocnhm"},  {Line::Orvantis, 120, "1JD1", "TMGO", "ocnhm"},
-      {Line::Orvantis, 120, "1KD0", "TMGO", "ocnhm"}, {Line::Orvantis, 240, "1KD1", "TMGOP", "ocnhm"},
-      {Line::Tessara, 120, "1.66", "", ""},           {Line::Tessara, 120, "1.67", "T", ""},
-      {Line::Tessara, 120, "1.99", "T", ""},          {Line::Tessara, 120, "2.00", "T", "n"},
-      {Line::Tessara, 240, "1*13", "", ""},           {Line::Tessara, 240, "1*14", "W", ""}};
+  } devices[] = {{Line::Orvantis, 120, "1GAZ", "", "cnh"},
+                 {Line::Orvantis, 120, "1GB0", "TM", "ocnhm"},
+                 {Line::Orvantis, 120, "1IBQ", "TM", "ocnhm"},
+                 {Line::Orvantis, 120, "1IBR", "TMG", "ocnhm"},
+                 {Line::Orvantis, 120, "1JB4", "TMG", "ocnhm"},
+                 {Line::Orvantis, 120, "1JD0", "TMG", "ocnhm"},
+                 {Line::Orvantis, 120, "1JD1", "TMGO", "ocnhm"},
+                 {Line::Orvantis, 120, "1KD0", "TMGO", "ocnhm"},
+                 {Line::Orvantis, 240, "1KD1", "TMGOP", "ocnhm"},
+                 {Line::Orvantis, 120, "1KD2", "TMGOP", "ocnhm"},
+                 {Line::Tessara, 120, "1.66", "", ""},
+                 {Line::Tessara, 120, "1.67", "T", ""},
+                 {Line::Tessara, 120, "1.99", "T", ""},
+                 {Line::Tessara, 120, "2.00", "T", "n"},
+                 {Line::Tessara, 120, "2.01", "T", "n"},
+                 {Line::Tessara, 240, "1*13", "", ""},
+                 {Line::Tessara, 240, "1*14", "W", ""},
+                 {Line::Tessara, 240, "1*15", "W", ""}};
   for (const auto& one : devices) {
     SCOPED_TRACE(one.firmware);
     simulator::Profile profile = makeProfile(one.line, one.rating);
