@@ -42,16 +42,41 @@ std::string rangeOfChart(const Main& main) {
               dateSerialText(chart[chart.size() - 2][0], kDatePicture));
 }
 
+LoggedDevice deviceOf(const Main& main) {
+  const Link& link = main.link;
+  return {link.modelLine, link.firmwareVersion, link.nominalVolts, link.ratedVolts, main.counters.olCount};
+}
+
+Analysis analyseEvents(const Main& main) {
+  return expertTS(main.logs, deviceOf(main));
+}
+
+Analysis analyseHistory(const Main& main) {
+  return expertHist(main.logs, deviceOf(main));
+}
+
+// The row that a live chart is filling holds zeros until its tick ends, and the moving mean of a chart takes
+// the last row in: a steady recording of some rows would be told as falling. What was measured last stands in
+// for what is being measured.
+Analysis analyseChart(const Main& main) {
+  const LogTable<9>& chart = main.logs.chartData;
+  if (!main.recording.live || chart.size() < 2) return expertChart(main.logs, deviceOf(main));
+  Logs filled;
+  filled.chartData = chart;
+  filled.chartData.back() = chart[chart.size() - 2];
+  return expertChart(filled, deviceOf(main));
+}
+
 struct LogToAnalyse {
   ShownLog log;
-  Analysis (*analyse)(const Logs& logs, const LoggedDevice& device);
+  Analysis (*analyse)(const Main& main);
   std::string (*range)(const Main& main);
   // The voltages that tell what the line's is: those of a column of the log. Without one nobody is asked.
   std::optional<std::size_t> voltsColumn;
 };
-constexpr LogToAnalyse kLogs[] = {{ShownLog::Events, expertTS, rangeOfEvents, {}},
-                                  {ShownLog::History, expertHist, rangeOfHistory, 8},
-                                  {ShownLog::Chart, expertChart, rangeOfChart, 1}};
+constexpr LogToAnalyse kLogs[] = {{ShownLog::Events, analyseEvents, rangeOfEvents, {}},
+                                  {ShownLog::History, analyseHistory, rangeOfHistory, 8},
+                                  {ShownLog::Chart, analyseChart, rangeOfChart, 1}};
 
 LogView viewOf(const Logs& logs, ShownLog log) {
   return log == ShownLog::Chart ? LogView(logs.chartData) : LogView(logs.histData);
@@ -66,11 +91,6 @@ bool askForVoltage(Main& main, ShownLog log, std::size_t column) {
   const auto answer = askText(main, kVoltageTitle, voltageQuestion(*guessed), std::to_string(*guessed));
   link.ratedVolts = answeredVolts(answer, *guessed, link.nominalVolts);
   return true;
-}
-
-LoggedDevice deviceOf(const Main& main) {
-  const Link& link = main.link;
-  return {link.modelLine, link.firmwareVersion, link.nominalVolts, link.ratedVolts, main.counters.olCount};
 }
 
 void clearFindings(Main& main) {
@@ -93,9 +113,9 @@ void take(Findings& findings, Analysis found) {
 
 void analyseLog(Main& main, const LogToAnalyse& log) {
   main.findings.log = log.log;
-  main.findings.dateRange = log.range(main);
   const bool good = !log.voltsColumn || askForVoltage(main, log.log, *log.voltsColumn);
-  if (good) take(main.findings, log.analyse(main.logs, deviceOf(main)));
+  if (good) take(main.findings, log.analyse(main));
+  main.findings.dateRange = log.range(main);  // a live chart goes on growing while the question stands
 }
 
 // A table that was read from a .csv file has no raw bytes to be told by.

@@ -14,6 +14,7 @@ void Graph::setUp(std::vector<Axis> axes, std::vector<Plot> plots, std::vector<C
   plots_ = std::move(plots);
   cursors_ = std::move(cursors);
   marks_.clear();
+  ++markings_;
   viewPaused_ = false;
   ++picture_;
   changed();

@@ -91,9 +91,15 @@ class Graph : public Element {
   // The plots' data have grown at their ends; nothing else of them has changed. Notifies once.
   void grown() { changed(); }
 
-  // X values that are pointed out across all plots; the first is brought into view.
+  // X values that are pointed out across all plots; the first is brought into view. The user may have looked
+  // elsewhere since, so pointing out the same once more counts too.
   const std::vector<double>& marks() const { return marks_; }
-  void setMarks(std::vector<double> marks) { write(marks_, std::move(marks)); }
+  std::uint64_t markings() const { return markings_; }  // how many there were
+  void setMarks(std::vector<double> marks) {
+    marks_ = std::move(marks);
+    ++markings_;
+    changed();
+  }
 
   // A view that is paused shows what there was when it was, while the plots go on growing. It ends with the
   // picture, or with the points that it shows.
@@ -112,6 +118,7 @@ class Graph : public Element {
   std::vector<Plot> plots_;
   std::vector<Cursor> cursors_;
   std::vector<double> marks_;
+  std::uint64_t markings_ = 0;
   bool viewPaused_ = false;
   std::uint64_t picture_ = 0;
 };

@@ -51,13 +51,20 @@ class Tree : public Element {
   void clear() { setSource(nullptr); }
   bool empty() const { return source_ == nullptr || source_->childCount(kTreeRoot) == 0; }
 
-  // Nodes of the source that are picked out; the first is brought into view.
+  // Nodes of the source that are picked out; the first is brought into view. The user may have picked others
+  // since, so selecting the same nodes once more counts too.
   const std::vector<TreeNode>& selection() const { return selection_; }
-  void select(std::vector<TreeNode> nodes) { write(selection_, std::move(nodes)); }
+  std::uint64_t selections() const { return selections_; }  // how many there were
+  void select(std::vector<TreeNode> nodes) {
+    selection_ = std::move(nodes);
+    ++selections_;
+    changed();
+  }
 
  private:
   std::shared_ptr<const TreeSource> source_;
   std::vector<TreeNode> selection_;
+  std::uint64_t selections_ = 0;
 };
 
 }  // namespace zephon

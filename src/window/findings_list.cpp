@@ -25,9 +25,15 @@ class FindingsList : public QListWidget {
     follow();
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) { element_.choose(row); });
     // A click on the finding that is chosen leads back to its rows, wherever the view has gone since.
-    connect(this, &QListWidget::itemClicked, this, [this] {
-      if (element_.onClick) element_.onClick();
+    connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
+      if (row(item) == before_ && element_.onClick) element_.onClick();
     });
+  }
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override {
+    before_ = currentRow();
+    QListWidget::mousePressEvent(event);
   }
 
  private:
@@ -35,6 +41,7 @@ class FindingsList : public QListWidget {
 
   Combo& element_;
   std::vector<std::string> items_;
+  int before_ = -1;  // chosen when the mouse was pressed
 };
 
 void FindingsList::follow() {

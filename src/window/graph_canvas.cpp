@@ -155,10 +155,11 @@ void GraphCanvas::followCursors() {
 }
 
 void GraphCanvas::followMarks() {
-  if (marked_ == element_.marks()) return;
-  marked_ = element_.marks();
-  marks_.set(marked_);
-  if (!marked_.empty()) reveal(marked_.front());
+  if (markings_ == element_.markings()) return;
+  markings_ = element_.markings();
+  const std::vector<double>& marks = element_.marks();
+  marks_.set(marks);
+  if (!marks.empty()) reveal(marks.front());
 }
 
 void GraphCanvas::dressUp() {

@@ -105,7 +105,7 @@ class GraphCanvas : public QCustomPlot {
   std::vector<PlotLine*> lines_;  // the library's, one a plot
   LineSymbols symbols_{*this, lines_};
   GraphMarks marks_{*this};
-  std::vector<double> marked_;
+  std::uint64_t markings_ = 0;
   std::vector<std::unique_ptr<CursorLine>> cursors_;
   std::size_t active_ = 0;
   std::optional<Drag> drag_;

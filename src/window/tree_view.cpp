@@ -2,7 +2,7 @@
 
 #include <QItemSelection>
 #include <QTreeView>
-#include <algorithm>
+#include <utility>
 
 #include "window/bindings.h"
 #include "window/tree_model.h"
@@ -35,7 +35,7 @@ class TreeView : public QTreeView {
 
   Tree& element_;
   TreeModel model_;
-  std::vector<TreeNode> selected_;
+  std::uint64_t selections_ = 0;
 };
 
 void TreeView::expandFirst() {
@@ -50,28 +50,27 @@ void TreeView::expandFirst() {
 void TreeView::follow() {
   followCommon(*this, element_);
   if (model_.source() != element_.source()) {
-    selected_.clear();
     model_.setSource(element_.source());
     expandFirst();
   }
-  if (selected_ != element_.selection()) followSelection();
+  if (std::exchange(selections_, element_.selections()) != element_.selections()) followSelection();
 }
 
 void TreeView::followSelection() {
-  selected_ = element_.selection();
+  const std::vector<TreeNode>& nodes = element_.selection();
   QItemSelection wanted;
-  for (std::size_t i = 0; i < selected_.size(); ++i) {
-    const QModelIndex index = model_.indexOf(selected_[i]);
+  for (std::size_t i = 0; i < nodes.size(); ++i) {
+    const QModelIndex index = model_.indexOf(nodes[i]);
     wanted.append(QItemSelectionRange(index));
     for (QModelIndex above = index.parent(); i < kMostOpened && above.isValid(); above = above.parent()) {
       expand(above);
     }
   }
-  if (!selected_.empty()) {
-    selectionModel()->setCurrentIndex(model_.indexOf(selected_.front()), QItemSelectionModel::NoUpdate);
+  if (!nodes.empty()) {
+    selectionModel()->setCurrentIndex(model_.indexOf(nodes.front()), QItemSelectionModel::NoUpdate);
   }
   selectionModel()->select(wanted, QItemSelectionModel::ClearAndSelect);
-  if (!selected_.empty()) scrollTo(model_.indexOf(selected_.front()), PositionAtCenter);
+  if (!nodes.empty()) scrollTo(model_.indexOf(nodes.front()), PositionAtCenter);
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QLabel>
+#include <QListWidget>
+#include <QTest>
 #include <QTreeView>
 #include <filesystem>
 
@@ -16,8 +18,9 @@ namespace {
 
 using testing_support::Tool;
 
-simulator::Options busySite() {
+simulator::Options busySite(simulator::Story story = simulator::Story::Lively) {
   simulator::Options options;
+  options.site = story;
   options.pastSeconds = 5 * 86400;
   options.recordingHours = 2;
   return options;
@@ -25,7 +28,9 @@ simulator::Options busySite() {
 
 class Page : public Tool {
  public:
-  explicit Page(const simulator::Profile& profile = {}, bool pluggedIn = true) : Tool(profile, busySite()) {
+  explicit Page(const simulator::Profile& profile = {}, bool pluggedIn = true,
+                const simulator::Options& site = busySite())
+      : Tool(profile, site) {
     if (!pluggedIn) line.detach(1);
     window.resize(1024, 600);
     window.show();
@@ -147,6 +152,44 @@ TEST(DataPageViews, TheHistorysGraphTakesTheTreesPlaceAndFollowsItsButtons) {
   page.press(d.maxMinHistBtn);
   page.settle();
   EXPECT_TRUE(page.sees("TreeView1") && !page.sees("CWGraph2"));
+}
+
+// Clicks the finding of a slot in the list.
+void choose(Page& page, std::size_t slot) {
+  auto* list = page.find<QListWidget>("findingsList");
+  ASSERT_TRUE(list && list->isVisible());
+  const auto found = list->findItems(QString::fromStdString(page.main.dict[215 + slot]), Qt::MatchContains);
+  ASSERT_EQ(found.size(), 1) << slot;
+  list->scrollToItem(found[0]);
+  QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(found[0]).center());
+  page.settle();
+}
+
+TEST(DataPageViews, AFindingLeadsToItsRowsWhateverTheUserLookedAtSince) {
+  constexpr std::size_t kHighLoad = 3, kCurrentAtGoodVolts = 29;  // raised by the same rows
+  Page page({}, true, busySite(simulator::Story::OverloadedCircuit));
+  page.press(page.main.data.histDataBtn);
+  page.press(page.main.frame.expertBtn);
+  page.settle();
+  auto* tree = page.find<QTreeView>("TreeView1");
+  for (const std::size_t slot : {kHighLoad, kCurrentAtGoodVolts, kCurrentAtGoodVolts}) {
+    choose(page, slot);
+    const auto picked = tree->selectionModel()->selectedIndexes();
+    ASSERT_EQ(picked.size(), static_cast<qsizetype>(page.main.findings.rows[slot].size()));
+    ASSERT_GT(picked.size(), 1);
+    EXPECT_TRUE(tree->viewport()->rect().intersects(tree->visualRect(picked[0])));
+    tree->scrollToTop();
+    QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, QPoint(60, 5));
+    EXPECT_LE(tree->selectionModel()->selectedIndexes().size(), 1);
+  }
+  page.press(page.main.data.maxMinHistBtn);
+  page.settle();
+  const auto* canvas = page.find<GraphCanvas>("canvas");
+  for (const std::size_t slot : {kHighLoad, kCurrentAtGoodVolts, kCurrentAtGoodVolts}) {
+    canvas->xAxis->setRange(1, 2);
+    choose(page, slot);
+    EXPECT_TRUE(canvas->xAxis->range().contains(page.main.frame.CWGraph2.marks().at(0)));
+  }
 }
 
 }  // namespace
