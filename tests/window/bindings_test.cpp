@@ -26,20 +26,18 @@ class Bindings : public testing_support::WindowTest {
 };
 
 TEST_F(Bindings, EveryElementHasAWidgetThatFollowsIt) {
-  MeasurementElements& m = main.measurement;  // their readings stand in their meters
-  const std::vector<const Element*> inMeters = {&m.VlnLbl, &m.Ilbl,  &m.Plbl, &m.VngLbl,
-                                                &m.fLbl,   &m.pfLbl, &m.cfLbl};
+  // The readings stand in their meters, and the list is not made before something is found.
+  MeasurementElements& m = main.measurement;
+  const std::vector<const Element*> without = {&m.VlnLbl, &m.Ilbl,  &m.Plbl,  &m.VngLbl,
+                                               &m.fLbl,   &m.pfLbl, &m.cfLbl, &main.frame.findingsList};
   int found = 0;
   for (Element* element : main.elements.all()) {
-    const bool drawnHere = dynamic_cast<Button*>(element) || dynamic_cast<Slider*>(element) ||
-                           dynamic_cast<NumEdit*>(element) || dynamic_cast<TextBox*>(element) ||
-                           dynamic_cast<Combo*>(element) || dynamic_cast<DateEdit*>(element) ||
-                           dynamic_cast<Label*>(element);
-    if (element == &main.frame.findingsList) continue;  // not made before something is found
-    if (!drawnHere || std::count(inMeters.begin(), inMeters.end(), element) > 0) continue;
+    if (dynamic_cast<Graph*>(element) || dynamic_cast<Tree*>(element) || dynamic_cast<Image*>(element))
+      continue;
+    if (std::count(without.begin(), without.end(), element) > 0) continue;
     ++found;
-    auto* widget = find(*element);
-    if (!widget) continue;
+    QWidget* widget = find(*element);
+    ASSERT_NE(widget, nullptr);
     for (const bool on : {true, false, true}) {
       element->setVisible(on);
       EXPECT_EQ(widget->isHidden(), !on) << element->name();
@@ -54,9 +52,9 @@ TEST_F(Bindings, EveryElementHasAWidgetThatFollowsIt) {
   EXPECT_GT(found, 80);
 }
 
-TEST_F(Bindings, AButtonIsPressedInEveryWayOnce) {
-  Button& element = main.outlets.oOnBtn;
-  open(&Pages::outletsOn);
+TEST_F(Bindings, AButtonIsPressedInEveryWayOnceAndShowsWhatItsElementHolds) {
+  Button& element = main.setup.enableGndBtn;
+  open(&Pages::setupOn);
   std::vector<MouseButton> pressed;
   element.onMouseUp = [&](MouseButton mouse) { pressed.push_back(mouse); };
   auto* button = find<StateButton>(element);
@@ -68,31 +66,24 @@ TEST_F(Bindings, AButtonIsPressedInEveryWayOnce) {
   reader->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
   EXPECT_EQ(pressed, (std::vector{MouseButton::Left, MouseButton::Right, MouseButton::Left, MouseButton::Left,
                                   MouseButton::Left}));
-  EXPECT_FALSE(element.value());
-  EXPECT_EQ(button->isChecked(), element.value());
-
+  EXPECT_FALSE(element.value() || button->isChecked());
   element.setEnabled(false);
   QTest::mouseClick(button, Qt::LeftButton);
   QTest::mouseClick(button, Qt::RightButton);
   EXPECT_EQ(pressed.size(), 5U);
-}
 
-TEST_F(Bindings, AButtonShowsWhatTheElementHolds) {
-  Button& element = main.setup.enableGndBtn;
-  open(&Pages::setupOn);
-  auto* button = find<StateButton>(element);
+  element.setEnabled(true);
   element.onChange = [&](bool on) {
     if (on) element.setValue(false);  // the device refused
   };
   QTest::mouseClick(button, Qt::LeftButton);
   EXPECT_FALSE(button->isChecked());
+  element.onChange = {};
   element.setOnText("on");
   element.setOffText("off");
   EXPECT_EQ(button->accessibleName(), "off");
-  element.onChange = {};
   element.setValue(true);
-  EXPECT_EQ(button->caption(), "on");
-  EXPECT_TRUE(button->isChecked());
+  EXPECT_TRUE(button->isChecked() && button->caption() == "on");
   element.setTexts("");
   EXPECT_EQ(button->accessibleName(), say(words::kGroundDetection)) << "never nameless";
 }
@@ -106,7 +97,7 @@ TEST_F(Bindings, ANumberIsHeldToItsRangeOnlyByTheUser) {
   element.setValue(7);  // an odd value of the device is seen
   EXPECT_EQ(field->text(), "7 V");
 
-  for (const auto& [typed, held] : {std::pair{"155", 155}, {"500", 160}, {"500", 160}, {"3", 130}}) {
+  for (const auto& [typed, held] : {std::pair{"155", 155}, {"500", 160}, {"3", 130}}) {
     type(field, typed);
     QTest::keyClick(field, Qt::Key_Return);
     EXPECT_TRUE(element.value() == held && field->value() == held) << "typed " << typed;
@@ -140,9 +131,6 @@ TEST_F(Bindings, ADateStandsStillWhileItIsEdited) {
   EXPECT_GT(begun, 0);
   EXPECT_EQ(field->text(), "03/05/31 09:30:00");
   EXPECT_NEAR(element.value(), 47912 + 9.5 / 24, 1e-6) << "5 March 2031";
-  field->setSelectedSection(QDateTimeEdit::SecondSection);
-  QTest::keyClick(field, Qt::Key_Up);
-  EXPECT_EQ(field->text(), "03/05/31 09:30:01");
 }
 
 TEST_F(Bindings, TextGoesBothWaysWithoutAnEcho) {
@@ -171,11 +159,8 @@ TEST_F(Bindings, AChoiceIsTheUsersOnce) {
   Combo& element = main.com.langCombo;
   open(&Pages::comOn);
   element.setVisible(true);
-  int clicks = 0;
-  element.onClick = [&] { ++clicks; };
   element.setItems({"DE", "EN", "FR"});
   element.setIndex(1);
-  EXPECT_EQ(clicks, 1);
   for (auto* field : window.findChildren<QComboBox*>("langCombo")) EXPECT_EQ(field->currentText(), "EN");
   auto* field = find<ChoiceField>(element);
   element.onClick = [&] {
@@ -207,21 +192,17 @@ TEST_F(Bindings, AMeterTellsItsZoneInWords) {
     EXPECT_TRUE(meter->accessibleDescription().contains(zoneWord(zone)));
   }
   EXPECT_EQ(meter->accessibleName(), "RMS Line Voltage");
-  int clicks = 0;
-  page.VlnSlide.onClick = [&] { ++clicks; };
-  QTest::mouseClick(meter, Qt::LeftButton);
-  QTest::mouseClick(meter, Qt::RightButton);
-  QTest::keyClick(meter, Qt::Key_Space);
-  EXPECT_EQ(clicks, 2);
-
-  int folds = 0;
-  page.EUtxt.onClick = [&] { ++folds; };
   page.EUtxt.setText("12.5000");
   auto* energy = find<ReadingButton>(page.EUtxt);
   EXPECT_EQ(energy->text(), "12.5000 kWh");
-  QTest::mouseClick(energy, Qt::RightButton);
-  QTest::keyClick(energy, Qt::Key_Return);
-  EXPECT_EQ(folds, 1);
+  int clicks = 0;
+  page.VlnSlide.onClick = page.EUtxt.onClick = [&] { ++clicks; };
+  for (QWidget* one : {static_cast<QWidget*>(meter), static_cast<QWidget*>(energy)}) {
+    QTest::mouseClick(one, Qt::LeftButton);
+    QTest::mouseClick(one, Qt::RightButton);
+    QTest::keyClick(one, Qt::Key_Space);
+  }
+  EXPECT_EQ(clicks, 4);
 }
 
 TEST_F(Bindings, TheBarStacksItsShares) {

@@ -49,8 +49,6 @@ TEST_F(MainWindowTest, ThePageWhoseFlagIsSetIsOnScreen) {
   QWidget* const start = pages->currentWidget();
   for (const PageCase& page : kCases) {
     open(page.flag);
-    EXPECT_TRUE(find(*page.of(main))->isVisible()) << page.name;
-    EXPECT_NE(pages->currentWidget(), start);
     for (const PageCase& other : kCases) {
       EXPECT_EQ(find(*other.of(main))->isVisible(), &other == &page) << other.name;
     }
@@ -75,10 +73,8 @@ TEST_F(MainWindowTest, EveryControlIsNamedAndReachedByTheKeyboard) {
     for (QWidget* widget : wanted) {
       EXPECT_EQ(seen.count(widget), 1U) << page.name << " " << widget->objectName().toStdString();
       const auto* reader = QAccessible::queryAccessibleInterface(widget);
-      ASSERT_NE(reader, nullptr);
       EXPECT_FALSE(reader->text(QAccessible::Name).isEmpty())
-          << page.name << " " << widget->metaObject()->className() << " "
-          << widget->objectName().toStdString();
+          << page.name << " " << widget->objectName().toStdString();
     }
   }
 }
@@ -87,10 +83,6 @@ TEST_F(MainWindowTest, APageHasItsShortcut) {
   ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
   QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
   QTest::qWait(200);  // a pressed button shows it for a moment
-  EXPECT_TRUE(main.frame.ScopeBtn.value());
-  main.frame.ScopeBtn.setEnabled(false);
-  QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
-  QTest::qWait(200);
   EXPECT_TRUE(main.frame.ScopeBtn.value());
   EXPECT_TRUE(find(main.frame.measBtn)->toolTip().contains("Ctrl+1"));
 }
@@ -113,8 +105,9 @@ TEST_F(MainWindowTest, PagesFitTheSmallestScreens) {
       }
       for (auto* button : shown<StateButton>()) {
         EXPECT_FALSE(button->captionIsCut()) << button->caption().toStdString() << " at " << size.width();
-        EXPECT_GE(button->width(), button->minimumSizeHint().width()) << button->objectName().toStdString();
-        EXPECT_GE(button->height(), button->minimumSizeHint().height()) << button->objectName().toStdString();
+        const QSize least = button->minimumSizeHint();
+        EXPECT_TRUE(button->width() >= least.width() && button->height() >= least.height())
+            << button->objectName().toStdString();
       }
     }
   }

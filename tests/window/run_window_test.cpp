@@ -51,7 +51,6 @@ int runScenario(int& argc, char** argv) {
     bool returned = false;
     bool careful = name != "box";
     window.loop.callAt(window.loop.now() + fromMillis(20), [&] {
-      if (name == "idle") say("up");
       if (name == "wait") waitNested(bare.main, window.loop, 1);
       if (name == "box") askNested(bare.main, window, careful);
       returned = true;
@@ -87,8 +86,7 @@ TEST_P(RunWindow, ASignalClosesTheWindowWithinASecond) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, RunWindow,
-                         testing::Values(Ending{"idle", SIGINT}, Ending{"wait", SIGTERM},
-                                         Ending{"box", SIGTERM}),
+                         testing::Values(Ending{"wait", SIGINT}, Ending{"box", SIGTERM}),
                          [](const auto& each) { return std::string(each.param.scenario); });
 
 }  // namespace
