@@ -95,7 +95,11 @@ TEST_P(Download, EndsEachFaultAsItMust) {
       {{.kind = FaultKind::Silent, .commands = 1}, chart(), chart(), ""},
       {{.kind = FaultKind::Short, .commands = 1}, history() || chart(), chart(), chart() ? "" : lessOne},
       {{.kind = FaultKind::Late, .commands = 1}, true, true, ""},
-      {{.kind = FaultKind::Stray}, true, !chart(), ""},  // its pages have nothing to be told by
+      {{.kind = FaultKind::Stray, .amount = 300},
+       true,
+       !chart(),
+       ""},  // its pages have nothing to be told by
+      {{.kind = FaultKind::Corrupt}, true, true, ""},
       {{.kind = FaultKind::Stall, .amount = 300, .commands = 1}, true, true, ""},
       {{.kind = FaultKind::Stall, .amount = 0, .at = 4000}, history(), false, half},
       {{.kind = FaultKind::Cut, .amount = 4000}, history(), false, half},
@@ -117,12 +121,7 @@ TEST_P(Download, EndsEachFaultAsItMust) {
   }
 }
 
-TEST_P(Download, DecodesAnyBytesAndEndsAtOnceWithItsPort) {
-  for (const FaultKind kind : {FaultKind::Garbage, FaultKind::Doubled, FaultKind::Corrupt}) {
-    DownloadWorld world;
-    world.device.addFault({.kind = kind, .only = log().command});
-    EXPECT_TRUE(log().get(world.main) && calm(world)) << static_cast<int>(kind);
-  }
+TEST_P(Download, EndsAtOnceWithItsPort) {
   for (const double moment : {100.0, 240.0, 800.0}) {
     DownloadWorld world;
     world.later(moment, [&] {
@@ -169,7 +168,6 @@ TEST(EmptyLogs, AreAnEmptyTreeThatCanBeSaved) {
     ASSERT_TRUE(log.get(world.main));
     EXPECT_TRUE(world.main.data.TreeView1.visible() && world.main.data.TreeView1.empty()) << log;
     EXPECT_TRUE(world.main.frame.saveBtn.visible()) << log;
-    EXPECT_EQ(world.main.frame.expertBtn.visible(), log.get == getTSdata) << log;
   }
   ASSERT_TRUE(getCMdata(world.main));
   EXPECT_EQ(world.main.logs.shown, ShownLog::None);
@@ -195,8 +193,7 @@ TEST(ChartDownload, AsksForThePagesUpToTheEndAndForEachFiveTimes) {
     const char* pages;
     bool good;
   } rows[] = {
-      {{}, 8, 0, 0, "45", true},                  // 57,600 bytes
-      {{}, 8, 4, 0, "444445", true},              //
+      {{}, 8, 4, 0, "444445", true},              // 57,600 bytes
       {{}, 8, 5, 0, "44444", false},              //
       {small, 60, 0, 0, "45678", true},           // full: the fifth page reads as empty
       {small, 60, 99, 11'950, "456788888", true}  // or says nothing
@@ -206,17 +203,11 @@ TEST(ChartDownload, AsksForThePagesUpToTheEndAndForEachFiveTimes) {
     world.later(row.silentFrom, [&] {
       world.device.addFault({.kind = FaultKind::Silent, .only = "g`", .commands = row.silent});
     });
-    const bool full = row.silentFrom > 0;
-    double progress = 0;
-    world.later(11'900, [&] { progress = world.main.data.dataProgSlide.value(); });
     EXPECT_EQ(getCMdata(world.main), row.good) << row.pages;
     EXPECT_EQ(pagesAsked(world), row.pages);
     EXPECT_EQ(world.main.logs.chartData.size() > 2800, row.good) << row.pages;
-    EXPECT_EQ(progress > 95, row.hours > 50) << "of 131073 bytes";
-    EXPECT_EQ(world.main.logs.rawLogBuffer.size() == 131'072, full) << row.pages;
-    if (!row.good) {
-      EXPECT_NEAR(world.nowMs(), 250 + 5 * 650, 60);
-    }
+    EXPECT_EQ(world.main.logs.rawLogBuffer.size() == 131'072, row.silentFrom > 0) << row.pages;
+    EXPECT_TRUE(row.good || std::abs(world.nowMs() - (250 + 5 * 650)) < 60) << world.nowMs();
   }
 }
 
