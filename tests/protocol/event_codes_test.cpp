@@ -27,14 +27,6 @@ TEST(EventCodes, findsTextsAndCodes) {
   for (const char* text : {"", "K64", "k64 ", "k66"}) EXPECT_EQ(pqNumber(text, dict), 0) << text;
   EXPECT_EQ(monthString(12, dict), "k112");
   for (const double month : {0.0, 13.0, 1.5}) EXPECT_EQ(monthString(month, dict), "") << month;
-}
-
-TEST(EventCodes, takesTheFirstOfTwoWithOneTextAndStandsAShortDictionary) {
-  auto dict = numberedDict(271);
-  dict[64] = dict[59] = "same";
-  dict[65] = dict[113] = "both";
-  EXPECT_EQ(pqNumber("same", dict), 1);
-  EXPECT_EQ(pqNumber("both", dict), 64);
   const auto shorter = numberedDict(64);
   EXPECT_EQ(pqString(1, shorter) + pqString(2, shorter) + monthString(1, shorter), "k63");
   EXPECT_EQ(pqNumber("", shorter), 0);

