@@ -16,12 +16,11 @@ using Running = testing_support::RunningSimulator;
 using testing_support::comesTrue;
 using testing_support::kSimulator;
 
-TEST(Program, ServesAPortThatIsOpenedManyTimes) {
-  Running simulator({"--firmware", "1.JD1", "--name", "BENCH"});
+TEST(Program, ServesAPortThatIsOpenedManyTimesAtItsOwnSpeed) {
+  Running simulator({"--firmware", "1.JD1"});
   ASSERT_TRUE(comesTrue([&] { return simulator.linked(); }));
   for (int i = 0; i < 5; ++i) EXPECT_EQ(simulator.ask("gN", 4, 115200), "1JD1");
   EXPECT_EQ(simulator.ask("gN", 4, 9600, milliseconds(100)), "");
-  EXPECT_EQ(simulator.ask("gP", 10, 115200), "BENCH     ");
 }
 
 TEST(Program, SignalsEndItAndRemoveItsLink) {
@@ -31,16 +30,6 @@ TEST(Program, SignalsEndItAndRemoveItsLink) {
     EXPECT_EQ(simulator.stop(signal), 0);
     EXPECT_TRUE(fs::is_empty(simulator.ports()));
   }
-}
-
-TEST(Program, SecondLineAtFullSpeedWithFaults) {
-  Running simulator(
-      {"--tessara", "--240", "--site-volts", "208", "--fast", "--past", "0", "--fault", "short:only=i"});
-  ASSERT_TRUE(comesTrue([&] { return simulator.linked(); }));
-  EXPECT_EQ(simulator.ask("r", 4, 9600), "1*14");
-  EXPECT_EQ(simulator.ask("g", 3, 9600), "120");
-  EXPECT_EQ(simulator.ask("+", 512, 9600).size(), 512u);
-  EXPECT_EQ(simulator.ask("i", 5, 9600, milliseconds(100)).size(), 4u);
 }
 
 TEST(Program, ABadCommandLineIsOneLineAndStatusTwo) {

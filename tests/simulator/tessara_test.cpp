@@ -15,17 +15,6 @@ std::string imageBytes(const std::string& dump, int first, int count) {
   return hex(bytes);
 }
 
-TEST(Tessara, KnowsItsWiringFromItsFirmwareOn) {
-  BenchLine line(makeProfile(Line::Tessara, 240), quiet());
-  EXPECT_EQ(line.ask("gn1gn2g"), "180120180");
-  EXPECT_EQ(line.device.noise(), "");
-  Profile older = makeProfile(Line::Tessara, 240);
-  older.firmware = "1*13";
-  BenchLine silent(older, quiet());
-  EXPECT_EQ(silent.ask("g"), "");
-  EXPECT_FALSE(silent.device.device().centreTapped);
-}
-
 TEST(Tessara, DumpHasCountersRingAndLimitsInTheirPlaces) {
   BenchLine line(makeProfile(Line::Tessara), quiet());
   const std::string fresh = line.ask("+");
@@ -71,14 +60,6 @@ TEST(Tessara, NeverSendsASeparatorForAByte) {
   EXPECT_EQ(imageBytes(dump, 100, 1), "ff");
   EXPECT_EQ(line.ask("a."), "");
   EXPECT_EQ(line.device.device().image.at(255), 0x01);
-}
-
-TEST(Tessara, TellsTheTimeSinceItsNewestEvent) {
-  BenchLine line(makeProfile(Line::Tessara), quiet());
-  line.device.hold({.volts = 90.0});
-  line.idle(((10 * 24 + 12) * 60 + 34) * 60 + 56);
-  EXPECT_EQ(hex(line.ask("t", 100)), "402e422e642e86");
-  EXPECT_EQ(hex(imageSpan(200 * 86400)), "c92e302e302e30");  // no more than 99 days
 }
 
 }  // namespace
