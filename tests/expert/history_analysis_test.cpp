@@ -34,35 +34,21 @@ struct Case {
 
 // Intervals of one half hour, {1/48, 1/48, ..., 0}, are flat; they count from three on.
 const Case kCases[] = {
-    {"nothing", kLong, {}, {}},
-    {"30 A", kShort, {{kMaxAmps, 30}}, {}},
     {"above 30 A", kShort, {{kMaxAmps, 30.001}}, {3, 29}},
     {"above 30 A at 95 %", kShort, {{kMaxAmps, 31}, {kMinVolts, 0.95}}, {3, 29}},
     {"above 30 A below 95 %", kShort, {{kMaxAmps, 31}, {kMinVolts, 0.9499}}, {17, 22, 28}},
     {"both", kShort, {{kMaxAmps, 31, 2}, {kMinVolts, 0.94}}, {3, 17, 22, 28, 29}},
-    {"the last row takes no part", kShort, {{kMaxAmps, 99, 1, 101}}, {}},
-    {"twice the mean at 90 %", 22, {{kMaxAmps, 0, 20}, {kMaxAmps, 6, 10}, {kMinVolts, 0.9, 1, 0}}, {}},
-    {"a peak at 90 %", kShort, {{kMaxAmps, 20}, {kMinVolts, 0.9}}, {}},
     {"a peak below 90 %", kShort, {{kMaxAmps, 20}, {kMinVolts, 0.8999}}, {17, 22, 28}},
-    {"no peak below 90 %", kShort, {{kMaxAmps, 10}, {kMinVolts, 0.8999}}, {}},
     {"current rising", kLong, {ramp(kMaxAmps, 20, -0.06)}, {4, 30, 31}},
     {"current falling", kLong, {ramp(kMaxAmps, 5, 0.06)}, {5, 9, 14}},
-    {"current flat", kLong, {ramp(kMaxAmps, 5, 0.04)}, {}},
-    {"too few days for a trend", 6 * 48 + 1, {ramp(kMaxAmps, 5, 2)}, {}},
     {"days enough", 7 * 48 + 1, {ramp(kMaxAmps, 5, 2)}, {5, 9, 14}},
 
-    {"two low minimums of 40 V", kShort, {{kMinVolts, 0, 2}}, {}},
     {"three outages", kShort, {{kMinVolts, 0, 3}}, {19}},
-    {"outages at unsteady intervals", kShort, {{kMinVolts, 0, 5, 0, 20}}, {}},
-    {"share of low minimums 5 %", kShort, {{kMinVolts, 0.9499, 5}}, {}},
     {"share of low minimums 6 %", kShort, {{kMinVolts, 0.9499, 6}}, {13, 17, 22, 33}},
-    {"share of minimums of 95 %", kShort, {{kMinVolts, 0.95, 99}}, {}},
     {"minimum rising", kLong, {ramp(kMinVolts, 1, -0.06)}, {14, 18}},
     {"minimum falling", kLong, {ramp(kMinVolts, 1, 0.06)}, {13, 16, 17}},
 
-    {"two high maximums", kShort, {{kMaxVolts, 1.0501, 2}}, {}},
     {"three high maximums", kShort, {{kMaxVolts, 1.0501, 3}}, {11}},
-    {"maximums of 105 %", kShort, {{kMaxVolts, 1.05, 99}}, {}},
     {"share of high maximums 5 %", kShort, {{kMaxVolts, 1.0501, 5}}, {11}},
     {"share of high maximums 6 %", kShort, {{kMaxVolts, 1.0501, 6}}, {11, 12, 13, 34}},
     {"maximum rising", kLong, {ramp(kMaxVolts, 1, -0.06)}, {12, 13}},
@@ -70,15 +56,9 @@ const Case kCases[] = {
 
     {"average rising", kLong, {ramp(kAvgVolts, 1, -0.06)}, {13, 14, 35}},
     {"average falling", kLong, {ramp(kAvgVolts, 1, 0.06)}, {13, 16}},
-    {"average high in 1 %", kShort, {{kAvgVolts, 1.0501}}, {}},
     {"average high in 2 %", kShort, {{kAvgVolts, 1.0501, 2}}, {12, 13}},
-    {"average of 105 %", kShort, {{kAvgVolts, 1.05, 9}}, {}},
-    {"average low in 1 %", kShort, {{kAvgVolts, 0.9499}}, {}},
     {"average low in 2 %", kShort, {{kAvgVolts, 0.9499, 2}}, {13, 22}},
-    {"average of 95 %", kShort, {{kAvgVolts, 0.95, 9}}, {}},
-    {"average of 0", kShort, {{kAvgVolts, 0, 9}}, {}},
 
-    {"6000 W", kShort, {{kMaxWatts, 6000}}, {}},
     {"above 6000 W at 95 %", kShort, {{kMaxWatts, 6000.1}, {kMinVolts, 0.95}}, {3, 29}},
     {"above 6000 W below 95 %", kShort, {{kMaxWatts, 6001}, {kMinVolts, 0.9499}}, {17, 22, 28}},
     {"maximum power rising", kLong, {ramp(kMaxWatts, 800, -1)}, {4, 30, 31}},
@@ -88,20 +68,36 @@ const Case kCases[] = {
     {"average power falling", kLong, {ramp(kAvgWatts, 800, 1)}, {9, 18, 37}},
 };
 
+// What raises nothing: values at their bounds, and those beyond them too seldom or in too small a share.
+const std::pair<std::size_t, std::vector<Cells>> kQuiet[] = {
+    {kLong, {}},
+    {kShort, {{kMaxAmps, 30}, {kMaxWatts, 6000}, {kMinVolts, 0.95, 99}, {kMaxVolts, 1.05, 99}}},
+    {kShort, {{kMaxAmps, 20}, {kMinVolts, 0.9}, {kMaxVolts, 1.0501, 2}, {kAvgVolts, 1.0501}}},
+    {kShort, {{kMaxAmps, 10}, {kMinVolts, 0.8999}, {kAvgVolts, 0.9499}, {kMaxAmps, 99, 1, 101}}},
+    {kShort, {{kMinVolts, 0, 2}, {kAvgVolts, 1.05, 9}}},
+    {kShort, {{kMinVolts, 0.9499, 5}, {kAvgVolts, 0.95, 9}}},
+    {kShort, {{kMinVolts, 0, 5, 0, 20}, {kAvgVolts, 0, 9}}},               // outages at unsteady intervals
+    {22, {{kMaxAmps, 0, 20}, {kMaxAmps, 6, 10}, {kMinVolts, 0.9, 1, 0}}},  // twice the mean at 90 %
+    {kLong, {ramp(kMaxAmps, 5, 0.04)}},
+    {6 * 48 + 1, {ramp(kMaxAmps, 5, 2)}},  // too few days for a trend
+};
+
 // At 208 V a 240 V device takes every half hour for a minimum, on all days that count.
-std::set<int> expected(const Case& one, const Supply& supply) {
-  std::set<int> slots = one.found;
-  if (supply.rated < 0.95 * supply.nominal && one.rows > kShort) slots.insert({32, 54});
-  return slots;
+void expectFound(const Supply& supply, std::size_t rows, const std::vector<Cells>& changes,
+                 std::set<int> slots) {
+  if (supply.rated < 0.95 * supply.nominal && rows > kShort) slots.insert({32, 54});
+  const Analysis found =
+      expertHist(history(rows, supply.rated, changes), device(supply.nominal, supply.rated));
+  EXPECT_EQ(raised(found), slots) << " at " << supply.rated;
 }
 
 TEST(ExpertHist, RaisesWhatEachRuleSaysAtItsBounds) {
   for (const Supply& supply : kSupplies) {
     for (const Case& one : kCases) {
-      const Logs logs = history(one.rows, supply.rated, one.changes);
-      const Analysis found = expertHist(logs, device(supply.nominal, supply.rated));
-      EXPECT_EQ(raised(found), expected(one, supply)) << one.what << " at " << supply.rated;
+      SCOPED_TRACE(one.what);
+      expectFound(supply, one.rows, one.changes, one.found);
     }
+    for (const auto& [rows, changes] : kQuiet) expectFound(supply, rows, changes, {});
   }
 }
 
@@ -133,29 +129,19 @@ TEST(ExpertHist, TellsTheRowsBehindEachFinding) {
 }
 
 TEST(ExpertHist, EndsWithWhatItHasAtTheRuleThatFails) {
-  const std::vector<Cells> load = {{kMaxAmps, 31, 9}, {kMaxWatts, 7000, 9}};
-  for (const std::size_t rows : {0u, 1u})
-    EXPECT_EQ(raised(expertHist(history(rows, 120, load), device())), std::set<int>{});
-  // One record: shares divide by 0, before the rules of power.
-  EXPECT_EQ(
-      raised(expertHist(history(2, 120, {{kMaxAmps, 31}, {kMaxWatts, 7000}, {kMinVolts, 0.9}}), device())),
-      (std::set<int>{17, 22, 28}));
-  EXPECT_EQ(raised(expertHist(history(3, 120, load), device())), (std::set<int>{3, 29}));
-  const struct {
-    std::size_t column, row;
-    std::set<int> found;
-  } rows[] = {{kMaxAmps, 0, {}},
-              {kMaxAmps, 20, {3, 29}},       // the rows before it have been looked at
-              {kMinVolts, 20, {3, 11, 29}},  // only a high current has its voltage looked at: rule 4 fails
-              {kMaxVolts, 20, {3, 29}},
-              {kAvgVolts, 20, {3, 11, 29}},
-              {kMaxWatts, 5, {3, 11, 29}}};
-  for (const auto& row : rows) {
+  const std::vector<Cells> load = {{kMaxAmps, 31, 9}, {kMaxWatts, 7000, 9}, {kMinVolts, 0.9, 9}};
+  const std::pair<std::size_t, std::set<int>> lengths[] = {
+      {0, {}}, {1, {}}, {2, {17, 22, 28}}};  // shares of one record divide by 0, before the rules of power
+  for (const auto& [rows, found] : lengths)
+    EXPECT_EQ(raised(expertHist(history(rows, 120, load), device())), found) << rows;
+  // The rows before a broken one have been looked at; only a high current has its voltage looked at.
+  const std::tuple<std::size_t, std::size_t, std::set<int>> broken[] = {
+      {kMaxAmps, 0, {}},        {kMaxAmps, 20, {3, 29}},      {kMinVolts, 20, {3, 29}},
+      {kMaxVolts, 20, {3, 29}}, {kAvgVolts, 20, {3, 11, 29}}, {kMaxWatts, 5, {3, 11, 29}}};
+  for (const auto& [column, row, found] : broken) {
     Logs logs = history(kShort, 120, {{kMaxAmps, 31, 9}, {kMaxVolts, 1.06, 4}});
-    logs.histData[row.row][row.column] = std::numeric_limits<double>::quiet_NaN();
-    std::set<int> slots = row.found;
-    if (row.column == kMinVolts) slots.erase(11);
-    EXPECT_EQ(raised(expertHist(logs, device())), slots) << &row - rows;
+    logs.histData[row][column] = std::numeric_limits<double>::quiet_NaN();
+    EXPECT_EQ(raised(expertHist(logs, device())), found) << column << ' ' << row;
   }
 }
 

@@ -21,29 +21,26 @@ std::vector<Cells> peaks(std::initializer_list<std::size_t> halfHours, std::size
 }
 
 TEST(GetPeakUsage, TellsTheLastHalfHourOfARunOnManyDays) {
-  const struct {
-    std::size_t rows;
-    std::vector<Cells> changes;
-    Times times;
-  } rows[] = {
-      {10 * 48 + 1, {}, {}},
-      {10 * 48 + 1, peaks({9, 10, 30}, 10), {"05:00", "15:00", ""}},
-      {10 * 48 + 1, peaks({9, 20, 30, 40}, 10), {"04:30", "10:00", "15:00"}},  // the fourth is dropped
-      {10 * 48 + 1, peaks({0}, 10), {}},                                       // half hour 0 is none
-      {10 * 48 + 1, peaks({47}, 10), {"23:30", "", ""}},
-      {10 * 48 + 1, peaks({20}, 2), {}},  // 2 of 10 days are not more than a quarter
-      {10 * 48 + 1, peaks({20}, 3), {"10:00", "", ""}},
-      {8 * 48 + 1, peaks({20}, 2), {}},  // exactly a quarter
-      {3 * 48 + 1, peaks({20}, 1), {}},  // a single day
-      {3 * 48 + 1, peaks({20}, 2), {"10:00", "", ""}},
-      {2 * 48 + 1, peaks({20}, 2), {}},  // of which only one counts
-      {10 * 48 + 1, {{6, 3000, 3, 20, 48}, {6, 3000, 3, 20 + 3 * 48, 49}}, {"10:00", "", ""}},
-      {10 * 48 + 1, {{6, 3000, 9, 12, 50}}, {}},   // an hour later each day
-      {10 * 48 + 1, {{6, 1016, 10, 20, 48}}, {}},  // below twice the mean of its day
-      {48 + 1, peaks({20}, 1), {}}};
-  for (const auto& row : rows) {
-    const PeakUsage usage = getPeakUsage(history(row.rows, 120, row.changes), "hist", 6, 120);
-    EXPECT_EQ(usage.times, row.times) << &row - rows;
+  const std::tuple<std::size_t, std::vector<Cells>, Times> rows[] = {
+      {10, {}, {}},
+      {10, peaks({9, 10, 30}, 10), {"05:00", "15:00", ""}},
+      {10, peaks({9, 20, 30, 40}, 10), {"04:30", "10:00", "15:00"}},  // the fourth is dropped
+      {10, peaks({0}, 10), {}},                                       // half hour 0 is none
+      {10, peaks({47}, 10), {"23:30", "", ""}},
+      {10, peaks({20}, 2), {}},  // 2 of 10 days are not more than a quarter
+      {10, peaks({20}, 3), {"10:00", "", ""}},
+      {8, peaks({20}, 2), {}},  // exactly a quarter
+      {3, peaks({20}, 1), {}},  // a single day
+      {2, peaks({20}, 2), {}},  // of which only one counts
+      {10, {{6, 3000, 3, 20, 48}, {6, 3000, 3, 20 + 3 * 48, 49}}, {"10:00", "", ""}},
+      {10, {{6, 3000, 9, 12, 50}}, {}},   // an hour later each day
+      {10, {{6, 1016, 10, 20, 48}}, {}},  // below twice the mean of its day
+      // A day without a run reads as half hour 0, which is near half hour 1.
+      {10, peaks({1}, 1), {"00:30", "", ""}},
+      {10, peaks({2}, 1), {}}};
+  for (const auto& [days, changes, times] : rows) {
+    const PeakUsage usage = getPeakUsage(history(days * 48 + 1, 120, changes), "hist", 6, 120);
+    EXPECT_EQ(usage.times, times) << days;
   }
 }
 
@@ -57,13 +54,6 @@ TEST(GetPeakUsage, OfAVoltageLooksBelowTheRating) {
   EXPECT_EQ(getPeakUsage(logs, "hist", 12, 120).times, Times{});
   logs.histData[60][10] = std::numeric_limits<double>::quiet_NaN();
   EXPECT_EQ(getPeakUsage(logs, "hist", 10, 120).times, Times{});
-}
-
-// A day without a run reads as half hour 0, which is near half hour 1.
-TEST(GetPeakUsage, TakesDaysWithoutAPeakForHalfHourZero) {
-  EXPECT_EQ(getPeakUsage(history(10 * 48 + 1, 120, peaks({1}, 1)), "hist", 6, 120).times,
-            (Times{"00:30", "", ""}));
-  EXPECT_EQ(getPeakUsage(history(10 * 48 + 1, 120, peaks({2}, 1)), "hist", 6, 120).times, Times{});
 }
 
 TEST(TimeList, JoinsWhatThereIs) {
