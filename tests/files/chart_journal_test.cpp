@@ -1,10 +1,7 @@
 #include "files/chart_journal.h"
 
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 
 #include "files/chart_csv.h"
@@ -37,6 +34,12 @@ struct Journal : ::testing::Test {
     std::sort(all.begin(), all.end());
     return all;
   }
+  // One journal stands, with the rows from the first on.
+  void expectTaken(std::size_t first, std::size_t end) const {
+    const auto charts = takeOverJournals(folder / "");
+    ASSERT_EQ(charts.size(), 1u);
+    expectChart(charts[0], first, end);
+  }
   void expectChart(const std::string& path, std::size_t first, std::size_t end) const {
     const auto reading = readChartCsv(folder.get(fs::path(path).filename().string()), dict);
     ASSERT_TRUE(reading) << faultText(*reading.fault);
@@ -59,14 +62,11 @@ TEST_F(Journal, HasEachRowAtOnceInTheFormOfASavedChart) {
               chartCsv(kStamp, rowsUpTo(rows), FileKind::LiveChart, dict));
   }
   endJournal(journal, 4);
-  EXPECT_TRUE(names().empty());
   EXPECT_TRUE(keep(4));
   EXPECT_TRUE(names().empty()) << "saved rows are kept no more";
   EXPECT_TRUE(keep(6));
   leaveJournal(journal, 0);
-  const auto charts = takeOverJournals(folder / "");
-  ASSERT_EQ(charts.size(), 1u);
-  expectChart(charts[0], 4, 6);
+  expectTaken(4, 6);
 }
 
 TEST_F(Journal, EachDeviceHasAFileAndASaveEndsThemAll) {
@@ -95,9 +95,7 @@ TEST_F(Journal, TakesUpWhatAFailureHasLeftOut) {
   EXPECT_TRUE(keep(9'000));
   for (std::size_t rows = 9'001; rows < 9'004; ++rows) EXPECT_TRUE(keep(rows));
   leaveJournal(journal, 0);
-  const auto charts = takeOverJournals(folder / "");
-  ASSERT_EQ(charts.size(), 1u);
-  expectChart(charts[0], 0, 9'003);
+  expectTaken(0, 9'003);
   EXPECT_TRUE(keepJournal(journal, "", kStamp, rowsUpTo(1), dict)) << "without a folder there is none";
 }
 
@@ -116,27 +114,6 @@ TEST_F(Journal, IsCutToWholeRowsWhenItIsTakenOver) {
   ASSERT_EQ(charts.size(), 2u);
   for (const std::string& chart : charts) expectChart(chart, 0, 3);
   EXPECT_TRUE(takeOverJournals(folder / "").empty()) << "they are told once";
-}
-
-TEST_F(Journal, OutlivesAKilledProgram) {
-  int told[2];
-  ASSERT_EQ(::pipe(told), 0);
-  const pid_t child = ::fork();
-  if (child == 0) {
-    for (std::size_t rows = 1; rows <= 40; ++rows) keep(rows);
-    [[maybe_unused]] const auto written = ::write(told[1], "!", 1);
-    for (;;) ::pause();
-  }
-  char byte = 0;
-  ASSERT_EQ(::read(told[0], &byte, 1), 1);
-  EXPECT_TRUE(takeOverJournals(folder / "").empty()) << "the other program still runs";
-  ::kill(child, SIGKILL);
-  ::waitpid(child, nullptr, 0);
-  const auto charts = takeOverJournals(folder / "");
-  ASSERT_EQ(charts.size(), 1u);
-  expectChart(charts[0], 0, 40);
-  ::close(told[0]);
-  ::close(told[1]);
 }
 
 }  // namespace

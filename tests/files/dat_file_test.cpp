@@ -36,19 +36,15 @@ TEST(DatFile, writesItsHeader) {
 }
 
 TEST(DatFile, readsBackItsLogs) {
-  const FileIdentity identity = {"   Z\xC3\xA4hler", "2.00", "01.A2.FF", 240, false};
-  const std::string eventFile = datFile(kStamp, FileKind::Events, events());
-  const auto read = readEventDat(eventFile, kWest);
+  const auto read = readEventDat(datFile(kStamp, FileKind::Events, events()), kWest);
   ASSERT_TRUE(read) << faultText(*read.fault);
   EXPECT_EQ(read.table, *decodeEventFrame(events(), 240, kWest));
   EXPECT_EQ(read.raw, events());
-  EXPECT_EQ(read.identity, identity);
+  EXPECT_EQ(read.identity, (FileIdentity{"   Zähler", "2.00", "01.A2.FF", 240, false}));
   const std::string frame = historyFrame(historyRecord({2013, 5, 31, 10, 0, 0}), 1);
-  const std::string historyFile = datFile(kStamp, FileKind::History, frame);
-  const auto history = readHistoryDat(historyFile, kWest);
+  const auto history = readHistoryDat(datFile(kStamp, FileKind::History, frame), kWest);
   ASSERT_TRUE(history) << faultText(*history.fault);
   EXPECT_EQ(history.table, *decodeHistoryFrame(frame, 240, kWest));
-  EXPECT_EQ(history.table.size(), 2u);
   EXPECT_EQ(history.raw, frame);
 }
 
@@ -66,28 +62,19 @@ TEST(DatFile, searchesEachLabelFromTheStart) {
 TEST(DatFile, refusesWhatIsNone) {
   const std::string file = datFile(kStamp, FileKind::Events, events());
   const auto without = [&](const std::string& text) {
-    std::string other = file;
-    return other.erase(other.find(text), text.size());
+    return std::string(file).erase(file.find(text), text.size());
   };
-  const std::string files[] = {"",
-                               file.substr(0, 7999),
-                               std::string(9001 - file.size(), ' ') + file,
-                               file.substr(0, file.size() - 2) + "..",
-                               without("Chip ID:"),
-                               without("Firmware Version:"),
-                               without("Voltage Rating: 2"),
-                               without("240"),
-                               datFile(kStamp, FileKind::Scope, events()),
-                               datFile(kStamp, FileKind::History, events())};
-  for (const std::string& other : files) {
+  for (const std::string& other :
+       {std::string(), file.substr(0, 7999), std::string(9001 - file.size(), ' ') + file,
+        file.substr(0, file.size() - 2) + "..", without("Chip ID:"), without("Firmware Version:"),
+        without("Voltage Rating: 2"), without("240"), datFile(kStamp, FileKind::Scope, events())}) {
     const auto read = readEventDat(other, {});
     ASSERT_TRUE(read.fault) << other.substr(0, 200);
     EXPECT_TRUE(read.fault->offset && read.table.empty() && read.raw.empty());
   }
   EXPECT_TRUE(readEventDat(std::string(9000 - file.size(), ' ') + file, {}));
   EXPECT_FALSE(readHistoryDat(file, {}));
-  const std::string chart = datFile(kStamp, FileKind::InternalChart, std::string(131072, 'x'));
-  EXPECT_FALSE(readHistoryDat(chart, {}));
+  EXPECT_FALSE(readHistoryDat(datFile(kStamp, FileKind::InternalChart, std::string(131072, 'x')), {}));
 }
 
 TEST(FileNames, tellKindAndTime) {

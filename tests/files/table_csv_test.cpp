@@ -10,6 +10,7 @@ namespace {
 
 using namespace testing_support;
 
+const std::vector<std::string> kDict = englishDictionary();
 const FileStamp kStamp = {{2013, 5, 31, 14, 2, 7}, "ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, 0};
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
@@ -35,64 +36,59 @@ const std::string kHistoryRows =
     "05/31/13,00:00:00,23:30:00,0,262140,120,0.1,112,0.004\r\n";
 
 TEST(HistoryCsv, writesAndReadsItsFile) {
-  const auto dict = englishDictionary();
-  EXPECT_EQ(historyCsv(kStamp, kHistory, dict), kHistoryHead + kHistoryRows);
-  EXPECT_EQ(historyCsv(kStamp, {}, dict), kHistoryHead);
-  const auto reading = readHistoryCsv(kHistoryHead + kHistoryRows, dict);
+  EXPECT_EQ(historyCsv(kStamp, kHistory, kDict), kHistoryHead + kHistoryRows);
+  EXPECT_EQ(historyCsv(kStamp, {}, kDict), kHistoryHead);
+  const auto reading = readHistoryCsv(kHistoryHead + kHistoryRows, kDict);
   ASSERT_TRUE(reading) << faultText(*reading.fault);
   LogTable<12> expected = kHistory;
   expected.back() = {13, 31, 5, 0, 0, 0};  // a half hour that ends at midnight closes on the day it began
   EXPECT_EQ(reading.table, expected);
   EXPECT_EQ(reading.identity, (FileIdentity{"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false}));
-  EXPECT_TRUE(readHistoryCsv(kHistoryHead, dict).table.empty());
+  EXPECT_TRUE(readHistoryCsv(kHistoryHead, kDict).table.empty());
 }
 
 TEST(HistoryCsv, readsEarlierAndForeignForms) {
-  const auto dict = englishDictionary();
   const std::string names = "Datum;Ende;Beginn;a;b;c;d;e;f\n";
   const std::string foreign = replaced(replaced(kHistoryRows, ",", ";"), ".", ",");
   const std::string torn = "05/31/13,23:30:00,23:00:00,118,25,-4,0,119,5,125,0,112,07,1,5\n";
   const FileIdentity early{"MYDEVICE12", "n.nnn", "FF.FF.FF", 120, false};
-  const FileIdentity own{"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false},
-      second{"TessaraPCS", ".KD1", "01.A2.FF", 120, true};
-  FileIdentity high = own;
-  high.nominalVolts = 240;
+  const FileIdentity own{"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 120, false};
+  const FileIdentity second{"TessaraPCS", ".KD1", "01.A2.FF", 120, true};
+  const FileIdentity high{"ABCDEFGHIJ", "1.KD1", "01.A2.FF", 240, false};
   const std::string title = "MYDEVICE12 Historical Data\r\n";
   const std::string otherHead =
       replaced(kHistoryHead, "ABCDEFGHIJ", "TessaraPCS").substr(0, kHistoryHead.rfind("Date")) + names;
-  const struct {
-    std::string file;
-    std::size_t rows;
-    FileIdentity identity;
-  } rows[] = {{title + "Date,...\r\n" + replaced(kHistoryRows, "/", "-"), 2, early},
-              {title + kHistoryRows, 2, early},
-              {otherHead + foreign, 2, second},
-              {kHistoryHead + torn, 1, own},
-              {kHistoryHead + replaced(kHistoryRows, "/13", "/2013"), 2, own},
-              {kHistoryHead + replaced(kHistoryRows, "119.5", "140"), 2, high}};
-  for (const auto& row : rows) {
-    const auto reading = readHistoryCsv(row.file, dict);
-    ASSERT_TRUE(reading) << faultText(*reading.fault) << '\n' << row.file;
-    EXPECT_EQ(reading.identity, row.identity) << row.file;
-    ASSERT_EQ(reading.table.size(), row.rows + 1) << row.file;
-    EXPECT_EQ(reading.table[0][6], 118.25) << row.file;
-    EXPECT_EQ(reading.table[0][11], 1.5) << row.file;
+  const std::tuple<std::string, std::size_t, FileIdentity> files[] = {
+      {title + "Date,...\r\n" + replaced(kHistoryRows, "/", "-"), 2, early},
+      {title + kHistoryRows, 2, early},
+      {otherHead + foreign, 2, second},
+      {kHistoryHead + torn, 1, own},
+      {kHistoryHead + replaced(kHistoryRows, "/13", "/2013"), 2, own},
+      {kHistoryHead + replaced(kHistoryRows, "119.5", "140"), 2, high}};
+  for (const auto& [file, rows, identity] : files) {
+    SCOPED_TRACE(file);
+    const auto reading = readHistoryCsv(file, kDict);
+    ASSERT_TRUE(reading) << faultText(*reading.fault);
+    EXPECT_EQ(reading.identity, identity);
+    ASSERT_EQ(reading.table.size(), rows + 1);
+    EXPECT_TRUE(reading.table[0][6] == 118.25 && reading.table[0][11] == 1.5);
   }
 }
 
 TEST(HistoryCsv, namesTheLineAtFault) {
-  const auto dict = englishDictionary();
+  const auto with = [](const std::string& from, const std::string& to) {
+    return kHistoryHead + replaced(kHistoryRows, from, to);
+  };
   const std::pair<std::string, std::size_t> files[] = {
       {"MYDEVICE12 Historical Data", 2},
-      {kHistoryHead + replaced(kHistoryRows, "23:30:00,0", "23:61:00,0"), 10},
-      {kHistoryHead + replaced(kHistoryRows, "112.07,1.5", "112.07"), 9},
-      {kHistoryHead + replaced(kHistoryRows, "0.004", "0.004,1"), 10},
-      {kHistoryHead + replaced(kHistoryRows, "0.004", "inf"), 10},
-      {kHistoryHead + replaced(kHistoryRows, "0.004", "1e999"), 10},
-      {kHistoryHead + replaced(kHistoryRows, "05/31/13", "31.05.2013"), 9},
+      {with("23:30:00,0", "23:61:00,0"), 10},
+      {with("112.07,1.5", "112.07"), 9},
+      {with("0.004", "0.004,1"), 10},
+      {with("0.004", "inf"), 10},
+      {with("05/31/13", "31.05.2013"), 9},
       {replaced(kHistoryHead, "Historical Log", "Chart Data"), 7}};
   for (const auto& [file, line] : files) {
-    const auto reading = readHistoryCsv(file, dict);
+    const auto reading = readHistoryCsv(file, kDict);
     ASSERT_TRUE(reading.fault) << file;
     EXPECT_EQ(reading.fault->line, line) << file;
     EXPECT_TRUE(reading.table.empty());
@@ -106,13 +102,12 @@ const LogTable<9> kChart = {{41425.5, 120.5, 1.5, -4, 0.25, 60, -0.5, 1.414, 232
                             {41425.5 + 10.2 / 86400, 119.5, 0, 0, 12.3456, 5, 0, 1, 0.00004}};
 
 TEST(ChartCsv, writesAndReadsItsFile) {
-  const auto dict = englishDictionary();
   const std::string rows =
       "05/31/2013,12:00:00,120.50,1.5000,-4.0,0.250,60.00,-0.500,1.414,232.0000\r\n"
       "05/31/2013,12:00:10,119.50,0.0000,0.0,12.346,05.00,0.000,1.000,0.0000\r\n";
-  EXPECT_EQ(chartCsv(kStamp, kChart, FileKind::InternalChart, dict),
+  EXPECT_EQ(chartCsv(kStamp, kChart, FileKind::InternalChart, kDict),
             head("Internal Chart Log", kChartNames) + rows);
-  const std::string file = chartCsv(kStamp, kChart, FileKind::LiveChart, dict);
+  const std::string file = chartCsv(kStamp, kChart, FileKind::LiveChart, kDict);
   EXPECT_EQ(file, head("Chart Data", kChartNames) + rows);
   const LogTable<9> expected = {kChart[0], {41425.5 + 10 / 86400.0, 119.5, 0, 0, 12.346, 5, 0, 1, 0}};
   const std::string ten = replaced(file, "Load,Current,Load,Power", "Load Current,Load Power");
@@ -121,7 +116,7 @@ TEST(ChartCsv, writesAndReadsItsFile) {
   for (const std::string& same :
        {file, ten, head("Chart Data", kChartNames) + torn, replaced(file, "/2013,", "/13,"),
         "MYDEVICE12 Chart\r\n" + rows, replaced(file, "05/31/2013,", "05-31-2013,")}) {
-    const auto reading = readChartCsv(same, dict);
+    const auto reading = readChartCsv(same, kDict);
     ASSERT_TRUE(reading) << faultText(*reading.fault) << same;
     ASSERT_EQ(reading.table.size(), 2u);
     EXPECT_EQ(reading.table[0], expected[0]) << same;
@@ -132,35 +127,28 @@ TEST(ChartCsv, writesAndReadsItsFile) {
 }
 
 TEST(ChartCsv, carriesLessOfTheSecondLine) {
-  const auto dict = englishDictionary();
   const std::string date = "05/31/2013,12:00:00,", date2 = "05/31/2013,12:00:10,";
   const std::string both =
       "Date,Time,Line Voltage,N-G Voltage\r\n" + date + "121,0\r\n" + date2 + "120,12\r\n";
   const std::string one = "Date,Time,Line Voltage\r\n" + date + "121\r\n" + date2 + "120\r\n";
-  const struct {
-    const char* firmware;
-    int volts;
-    std::string rows;
-    std::array<double, 9> second;
-  } rows[] = {
-      {"2.00", 120, both, {0, 120, 0, 0, 12}}, {"1*14", 120, one, {0, 120}}, {"2.01", 240, one, {0, 120}}};
-  for (const auto& row : rows) {
-    const FileStamp stamp = {{2013, 5, 31, 14, 2, 7}, "TessaraPCS", row.firmware, "01.A2.FF", row.volts, 1};
-    const std::string file = chartCsv(stamp, kChart, FileKind::LiveChart, dict);
-    EXPECT_EQ(file.substr(file.find("Date,")), row.rows);
-    const auto reading = readChartCsv(file, dict);
+  const std::tuple<const char*, int, std::string, double> cases[] = {
+      {"2.00", 120, both, 12}, {"1*14", 120, one, 0}, {"2.01", 240, one, 0}};
+  for (const auto& [firmware, rating, rows, neutralVolts] : cases) {
+    const FileStamp stamp = {{2013, 5, 31, 14, 2, 7}, "TessaraPCS", firmware, "01.A2.FF", rating, 1};
+    const std::string file = chartCsv(stamp, kChart, FileKind::LiveChart, kDict);
+    EXPECT_EQ(file.substr(file.find("Date,")), rows);
+    const auto reading = readChartCsv(file, kDict);
     ASSERT_TRUE(reading) << faultText(*reading.fault);
-    EXPECT_TRUE(std::equal(row.second.begin() + 1, row.second.end(), reading.table[1].begin() + 1))
-        << row.firmware;
-    EXPECT_EQ(reading.identity.firmwareVersion, row.firmware);
-    EXPECT_TRUE(reading.identity.secondLine);
-    EXPECT_NE(chartCsv(stamp, kChart, FileKind::InternalChart, dict).find(kChartNames), std::string::npos);
+    const std::array<double, 9> second = {reading.table[1][0], 120, 0, 0, neutralVolts};
+    EXPECT_EQ(reading.table[1], second) << firmware;
+    EXPECT_TRUE(reading.identity.secondLine && reading.identity.firmwareVersion == firmware);
+    EXPECT_NE(chartCsv(stamp, kChart, FileKind::InternalChart, kDict).find(kChartNames), std::string::npos);
   }
   const std::pair<std::string, std::size_t> torn[] = {
       {head("Chart Data", "Date,Time") + "05/31/2013,12:00:00\r\n", 8},
       {head("Chart Data", "Date,Time,Line Voltage") + date + "120,5\r\n", 9}};
   for (const auto& [file, line] : torn) {
-    const auto fault = readChartCsv(file, dict).fault;
+    const auto fault = readChartCsv(file, kDict).fault;
     EXPECT_TRUE(fault && fault->line == line) << file;
   }
 }
@@ -169,10 +157,9 @@ TEST(ScopeCsv, writesARowASample) {
   const std::vector<double> volts = {169.5, -170}, amperes = {0.25, 1.0 / 3};
   ScopeCapture capture{.mode = 1, .volts = volts, .samplePeriod = 0.00025};
   const std::string start = head("Scope Data", "Time,Voltage,Current,Power");
-  EXPECT_EQ(scopeCsv(kStamp, capture, englishDictionary()), start + "0,169.5,,\r\n0.00025,-170,,\r\n");
-  capture.amperes = amperes;
-  capture.watts = amperes;
-  EXPECT_EQ(scopeCsv(kStamp, capture, englishDictionary()),
+  EXPECT_EQ(scopeCsv(kStamp, capture, kDict), start + "0,169.5,,\r\n0.00025,-170,,\r\n");
+  capture.amperes = capture.watts = amperes;
+  EXPECT_EQ(scopeCsv(kStamp, capture, kDict),
             start + "0,169.5,0.25,0.25\r\n0.00025,-170,0.3333333333333333,0.3333333333333333\r\n");
 }
 
