@@ -18,18 +18,14 @@ TEST(Jpeg, headersTellSizeColoursAndDensity) {
   for (const int marker : {0xC0, 0xC1, 0xC2, 0xC3, 0xC5, 0xC6, 0xC7}) {
     const auto header = readJpegHeader(kStart + kComment + frame(static_cast<char>(marker), 3) + kEnd);
     ASSERT_TRUE(header) << marker;
-    EXPECT_EQ(header.width, 40);
-    EXPECT_EQ(header.height, 20);
-    EXPECT_EQ(header.bitsPerComponent, 8);
-    EXPECT_EQ(header.colourSpace, "DeviceRGB");
-    EXPECT_EQ(header.densityUnit, "");
+    EXPECT_TRUE(header.width == 40 && header.height == 20 && header.bitsPerComponent == 8) << marker;
+    EXPECT_TRUE(header.colourSpace == "DeviceRGB" && header.densityUnit.empty()) << marker;
   }
   EXPECT_EQ(readJpegHeader(kStart + frame('\xC0', 1) + kEnd).colourSpace, "DeviceGray");
   const auto header = readJpegHeader(kStart + kInches + frame('\xC2', 4) + "\xFF\xDA" + kEnd);
   EXPECT_EQ(header.colourSpace, "DeviceCMYK");
   EXPECT_EQ(header.densityUnit, "Dots/inch (DPI)");
-  EXPECT_EQ(header.densityX, 72);
-  EXPECT_EQ(header.densityY, 73);
+  EXPECT_TRUE(header.densityX == 72 && header.densityY == 73);
 }
 
 TEST(Jpeg, faultsAreToldApart) {
@@ -50,21 +46,10 @@ TEST(Jpeg, faultsAreToldApart) {
       {kStart + "\xFF\xC0\0\x0B\x08\0\0\0\x28\3\1\x11\0"s + kEnd, JpegFault::NoFrame}};
   for (const auto& [bytes, fault] : cases)
     EXPECT_EQ(readJpegHeader(bytes).fault, fault) << ::testing::PrintToString(bytes);
-}
-
-// Cut anywhere before its frame is whole, a picture is none; whatever is cut, the document goes on.
-TEST(PdfImage, aPictureCutAtAnyByteIsToldAndLeftOut) {
-  const std::string whole = kStart + kInches + frame('\xC0', 3);
+  const std::string whole = kStart + kInches + good;
   for (std::size_t cut = 0; cut < whole.size(); ++cut) {
-    for (const std::string& end : {""s, kEnd}) {
-      PdfWorld world;
-      world.begin(world.folder / "");
-      world.pdf.PDFImage(world.folder.put("cut.jpg", whole.substr(0, cut) + end), 1, 2, 3, 4);
-      EXPECT_EQ(world.pdf.PDFImageWidth(world.folder / "cut.jpg"), 0);
-      ASSERT_EQ(world.messages.size(), 2u) << cut;
-      EXPECT_EQ(world.messages[0].first, "LarkPDF 1.0Image File - ");
-      EXPECT_EQ(world.end().count("ImgJPEG"), 0);
-    }
+    for (const std::string& end : {""s, kEnd})
+      EXPECT_FALSE(readJpegHeader(whole.substr(0, cut) + end)) << cut;
   }
 }
 
@@ -89,6 +74,7 @@ TEST(PdfImage, faultsHaveTheirWords) {
     EXPECT_EQ(world.messages.back().second, text);
   }
   EXPECT_EQ(world.messages.size(), std::size(cases));
+  EXPECT_EQ(world.end().count("ImgJPEG"), 0);
 }
 
 TEST(PdfImage, oneFileIsOneObjectWithItsBytes) {
@@ -96,20 +82,15 @@ TEST(PdfImage, oneFileIsOneObjectWithItsBytes) {
   world.begin(world.folder / "");
   const std::string bytes = kStart + kInches + frame('\xC0', 3) + "\xFF\xDA\nendobj\n" + kEnd;
   const std::string file = world.folder.put("a.jpg", bytes);
-  EXPECT_EQ(world.pdf.PDFImageWidth(file), 40);
-  EXPECT_EQ(world.pdf.PDFImageHeight(file), 20);
-  const struct {
-    double width;
-    double height;
-    const char* matrix;
-  } cases[] = {{3, 4, "q 3.00 0 0 4.00 10.00 817.89 cm"},
-               {0, 0, "q 40.00 0 0 20.00 10.00 801.89 cm"},
-               {10, 0, "q 10.00 0 0 5.00 10.00 816.89 cm"},
-               {0, 10, "q 20.00 0 0 10.00 10.00 811.89 cm"}};
-  for (const auto& one : cases) world.pdf.PDFImage(file, 10, 20, one.width, one.height);
+  EXPECT_TRUE(world.pdf.PDFImageWidth(file) == 40 && world.pdf.PDFImageHeight(file) == 20);
+  const std::tuple<double, double, const char*> cases[] = {{3, 4, "q 3.00 0 0 4.00 10.00 817.89 cm"},
+                                                           {0, 0, "q 40.00 0 0 20.00 10.00 801.89 cm"},
+                                                           {10, 0, "q 10.00 0 0 5.00 10.00 816.89 cm"},
+                                                           {0, 10, "q 20.00 0 0 10.00 10.00 811.89 cm"}};
+  for (const auto& [width, height, matrix] : cases) world.pdf.PDFImage(file, 10, 20, width, height);
   const WrittenPdf written = world.end();
-  for (const auto& one : cases)
-    EXPECT_TRUE(has(written.stream(2), std::string(one.matrix) + " /ImgJPEG1 Do Q")) << one.matrix;
+  for (const auto& [width, height, matrix] : cases)
+    EXPECT_TRUE(has(written.stream(2), std::string(matrix) + " /ImgJPEG1 Do Q")) << matrix;
   EXPECT_EQ(written.count("/Subtype /Image"), 1);
   EXPECT_TRUE(has(written.bytes(),
                   "6 0 obj\r\n<</Type /XObject\r\n/Subtype /Image\r\n/Filter [/DCTDecode ]\r\n"
