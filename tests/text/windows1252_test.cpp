@@ -21,15 +21,13 @@ TEST(Windows1252, knowsThePageAndMarksWhatItLacks) {
 }
 
 TEST(Windows1252, refusesIllFormedText) {
-  const struct {
-    const char* bytes;
-    const char* written;
-  } rows[] = {{"\x80", "?"},           {"a\xC3", "a?"},         {"\xC0\xAF", "??"},
-              {"\xE0\x80\xAF", "???"}, {"\xED\xA0\x80", "???"}, {"\xF4\x90\x80\x80", "????"},
-              {"\xE2\x82z", "??z"},    {"\xFFx", "?x"}};
-  for (const auto& row : rows) {
-    EXPECT_FALSE(isUtf8(row.bytes)) << row.written;
-    EXPECT_EQ(toWindows1252(row.bytes), row.written);
+  const std::pair<const char*, const char*> rows[] = {{"\x80", "?"},           {"a\xC3", "a?"},
+                                                      {"\xC0\xAF", "??"},      {"\xE0\x80\xAF", "???"},
+                                                      {"\xED\xA0\x80", "???"}, {"\xF4\x90\x80\x80", "????"},
+                                                      {"\xE2\x82z", "??z"},    {"\xFFx", "?x"}};
+  for (const auto& [bytes, written] : rows) {
+    EXPECT_FALSE(isUtf8(bytes)) << written;
+    EXPECT_EQ(toWindows1252(bytes), written);
   }
 }
 
