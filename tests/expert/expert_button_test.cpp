@@ -117,7 +117,7 @@ TEST_F(ExpertButton, TellsTheRangeOfEachLog) {
 
 TEST_F(ExpertButton, AsksForTheVoltageAndAnalysesByTheAnswer) {
   main.link.nominalVolts = 240;
-  main.logs = history(102, 230, {{10, 0.94, 50}});
+  main.logs = history(102, 230, {{10, 0.94, 50}, {9, 1.04, 102}});
   dialogs.promptAnswer = "208V";
   press();
   EXPECT_TRUE(main.findings.findingFlags[34] && !main.findings.findingFlags[33]);  // 230 V are high
@@ -138,6 +138,28 @@ TEST_F(ExpertButton, AsksForTheVoltageAndAnalysesByTheAnswer) {
   reports.clear();
   press();
   EXPECT_TRUE(reports.empty() && !list.visible());
+}
+
+// The row being filled is all zeros.
+TEST_F(ExpertButton, TakesASteadyRecordingForSteady) {
+  main.chart.vlnChartBtn.setVisible(true);
+  main.recording.live = true;
+  for (const std::size_t rows : {10u, 60u, 300u}) {
+    main.logs = chart(rows, 118, {{2, 4, rows}, {3, 500, rows}});
+    main.logs.chartData.back() = {};
+    EXPECT_EQ(press(), Lines{"01. " + text(39)}) << rows << " rows: a load above 300 W, and no trend";
+    EXPECT_EQ(main.logs.chartData.back()[1], 0) << "the recording itself stays as it is";
+  }
+}
+
+// The range is that of the rows that were analysed.
+TEST_F(ExpertButton, TellsTheRangeOfAChartThatGrewWhileTheQuestionStood) {
+  main.chart.vlnChartBtn.setVisible(true);
+  main.logs = chart(3, 120);
+  dialogs.meanwhile = [this] { main.logs.chartData.push_back({main.logs.chartData[1][0] + 2}); };
+  main.logs.chartData[2][0] += 1;
+  press();
+  EXPECT_EQ(reports, Lines{"05/01/2013 To 05/02/2013"});
 }
 
 TEST_F(ExpertButton, ForgetsWhatWasBefore) {

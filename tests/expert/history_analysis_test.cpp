@@ -77,7 +77,9 @@ const std::pair<std::size_t, std::vector<Cells>> kQuiet[] = {
     {kShort, {{kMinVolts, 0, 2}, {kAvgVolts, 1.05, 9}}},
     {kShort, {{kMinVolts, 0.9499, 5}, {kAvgVolts, 0.95, 9}}},
     {kShort, {{kMinVolts, 0, 5, 0, 20}, {kAvgVolts, 0, 9}}},               // outages at unsteady intervals
-    {22, {{kMaxAmps, 0, 20}, {kMaxAmps, 6, 10}, {kMinVolts, 0.9, 1, 0}}},  // twice the mean at 90 %
+    {22, {{kMaxAmps, 0, 20}, {kMaxAmps, 6, 10}, {kMinVolts, 0.9, 1, 0}}},  // above twice the mean at 90 %
+    {101, {{kMaxAmps, 0, 100}, {kMaxAmps, 6, 50}, {kMinVolts, 0.89}}},     // twice the mean
+    {kLong, {{kMinVolts, 0, 3, 164}, {kMaxVolts, 1.0501, 3, 164}}},        // steady, but seldom
     {kLong, {ramp(kMaxAmps, 5, 0.04)}},
     {6 * 48 + 1, {ramp(kMaxAmps, 5, 2)}},  // too few days for a trend
 };
@@ -106,6 +108,12 @@ TEST(ExpertHist, TakesBoundsInVoltsAsTheyAre) {
     const Logs logs = history(kShort, 120, {{kMinVolts, volts / 120, 3}});
     EXPECT_EQ(raised(expertHist(logs, device())), slots) << volts;
   }
+}
+
+TEST(ExpertHist, SeesSmallerTrendsOnTheSecondLine) {
+  const Logs logs = history(kLong, 120, {ramp(kMaxAmps, 5, 0.02)});
+  EXPECT_EQ(raised(expertHist(logs, device(120, 120, 1))), (std::set<int>{5, 9, 14}));
+  EXPECT_EQ(raised(expertHist(logs, device())), std::set<int>{});
 }
 
 TEST(ExpertHist, TellsTheTimesOfPeaks) {

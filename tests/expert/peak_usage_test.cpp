@@ -33,8 +33,10 @@ TEST(GetPeakUsage, TellsTheLastHalfHourOfARunOnManyDays) {
       {3, peaks({20}, 1), {}},  // a single day
       {2, peaks({20}, 2), {}},  // of which only one counts
       {10, {{6, 3000, 3, 20, 48}, {6, 3000, 3, 20 + 3 * 48, 49}}, {"10:00", "", ""}},
-      {10, {{6, 3000, 9, 12, 50}}, {}},   // an hour later each day
-      {10, {{6, 1016, 10, 20, 48}}, {}},  // below twice the mean of its day
+      {10, {{6, 3000, 9, 12, 50}}, {}},                 // an hour later each day
+      {39, peaks({20}, 10), {"10:00", "", ""}},         // just above a quarter
+      {10, {{6, 460, 480}, {6, 940, 10, 20, 48}}, {}},  // twice the mean of its day
+      {10, {{6, 460, 480}, {6, 941, 10, 20, 48}}, {"10:00", "", ""}},
       // A day without a run reads as half hour 0, which is near half hour 1.
       {10, peaks({1}, 1), {"00:30", "", ""}},
       {10, peaks({2}, 1), {}}};
