@@ -39,7 +39,7 @@ constexpr std::array<ChartSeries, kChartPlots> kSeries = {{{"voltage", 201, 0, "
                                                            {"crest factor", 130, 0, "", 5, false},
                                                            {"energy", 131, 0, "kWh", 6, false}}};
 
-std::string withUnit(std::string text, const char* unit, const char* before, const char* after) {
+std::string withUnit(const std::string& text, const char* unit, const char* before, const char* after) {
   return *unit == '\0' ? text : text + before + unit + after;
 }
 

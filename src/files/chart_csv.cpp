@@ -73,14 +73,16 @@ class SerialTexts {
     const std::int64_t seconds = nearestSeconds(serial);
     if (!hasDay_ || seconds < daySeconds_ || seconds >= daySeconds_ + kSecondsOfDay) takeDay(seconds);
     const auto rest = static_cast<int>(seconds - daySeconds_);
-    return putThree(putText(to, dayText_), rest / 3600, rest / 60 % 60, rest % 60, ':');
+    const int hour = rest / 3600;
+    return putThree(putText(to, dayText_), hour, rest / 60 % 60, rest % 60, ':');
   }
 
  private:
   void takeDay(std::int64_t seconds) {
     const auto intoDay = (seconds % kSecondsOfDay + kSecondsOfDay) % kSecondsOfDay;
     daySeconds_ = seconds - intoDay;
-    dayText_ = dateSerialText(static_cast<double>(daySeconds_ / kSecondsOfDay), "mm/dd/yyyy") + ',';
+    const std::int64_t day = daySeconds_ / kSecondsOfDay;
+    dayText_ = dateSerialText(static_cast<double>(day), "mm/dd/yyyy") + ',';
     hasDay_ = true;
   }
 
