@@ -60,7 +60,7 @@ TEST(HistoryCsv, readsEarlierAndForeignForms) {
       replaced(kHistoryHead, "ABCDEFGHIJ", "TessaraPCS").substr(0, kHistoryHead.rfind("Date")) + names;
   const std::tuple<std::string, std::size_t, FileIdentity> files[] = {
       {title + "Date,...\r\n" + replaced(kHistoryRows, "/", "-"), 2, early},
-      {title + kHistoryRows, 2, early},
+      {"\xEF\xBB\xBF" + title + kHistoryRows, 2, early},
       {otherHead + foreign, 2, second},
       {kHistoryHead + torn, 1, own},
       {kHistoryHead + replaced(kHistoryRows, "/13", "/2013"), 2, own},

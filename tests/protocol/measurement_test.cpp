@@ -111,6 +111,16 @@ TEST(FirstLinePass, EndsAtTheFirstFailureOfAnyCause) {
   }
 }
 
+TEST(FirstLinePass, EndsSilentlyWhenThePageIsLeftAndOpenedAgain) {
+  for (double when = 0.5; when < 93; when += 1.0) {  // in every exchange and every pause
+    Answering script;
+    script.later(when, [&] { script.stay(Page::Measurement); });
+    EXPECT_FALSE(getMeasurements(script.main)) << when;
+    EXPECT_LE(script.nowMs(), when + 20) << "the rest of a pause at the most";
+    EXPECT_FALSE(script.main.measurement.cfLbl.stale() || script.main.exchange.Timer1.enabled());
+  }
+}
+
 TEST(FirstLinePass, AClearingThatIsRefusedStaysAskedFor) {
   World world;
   Main& main = world.main;

@@ -46,7 +46,7 @@ TEST(PicImage, Records) {
       {58, {"1A", "A1", "FF", "05"}, "59 5 3 0 1"}};
   for (const auto& [row, bytes, text] : cases) {
     PicImage image = imageWith({});
-    std::copy(bytes.begin(), bytes.end(), image.begin() + 1 + 4 * static_cast<int>(row));
+    for (std::size_t i = 0; i < bytes.size(); ++i) image[1 + 4 * row + i] = bytes[i];
     const PdEvent e = imageEvent(image, row, dict);
     std::ostringstream got;
     got << e.text << ' ' << e.days << ' ' << e.hours << ' ' << e.minutes << ' ' << e.seconds;

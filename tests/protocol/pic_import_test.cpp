@@ -75,6 +75,10 @@ TEST_F(Import, EndsWhenThePageIsLeftAndNeverEndsARecording) {
   world_.later(50, [&] { world_.stay(Page::None); });
   EXPECT_FALSE(importPIC(main_));
   EXPECT_TRUE(world_.writes().empty());
+  world_.stay(Page::Measurement);
+  world_.later(645, [&] { world_.stay(Page::None); });  // in the pause behind the image
+  EXPECT_FALSE(importPIC(main_));
+  EXPECT_EQ(world_.writes(), std::vector<std::string>{"+"});
   world_.stay(Page::Chart);
   fail(FaultKind::Silent, "+");
   EXPECT_TRUE(importPIC(main_)) << "a recording is not ended by it";
