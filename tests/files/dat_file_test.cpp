@@ -24,7 +24,7 @@ TEST(DatFile, writesItsHeader) {
   const std::string first =
       "05/31/2013 14:02:07\r\nID:    Z\xE4hler\r\nFirmware Version: 2.00\r\nSoftware Version: 4.4\r\n"
       "Chip ID: 01.A2.FF\r\nVoltage Rating: 240\r\n";
-  const std::string raw = "\x00\r\n\xFF";
+  const std::string raw("\0\r\n\xFF", 4);
   EXPECT_EQ(datFile(kStamp, FileKind::Events, raw), first + "Time Stamp\r\n\r\n" + raw + "\r\n");
   EXPECT_EQ(datFile(kStamp, FileKind::InternalChart, raw),
             first + "Internal Chart Data\r\n\r\n" + raw + "\r\n");

@@ -59,8 +59,8 @@ TEST(EventLog, takesTheFirstBlankOut) {
       {kBlank + kBlank, 2, {}}};
   for (const auto& [data, records, expected] : rows) {
     std::vector<double> magnitudes;
-    for (const auto& event : *decodeEventFrame(eventFrame(data, records), 120, {}))
-      magnitudes.push_back(event[7]);
+    const auto events = *decodeEventFrame(eventFrame(data, records), 120, {});
+    for (const auto& event : events) magnitudes.push_back(event[7]);
     EXPECT_EQ(magnitudes, expected);
   }
 }
