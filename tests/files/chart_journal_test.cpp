@@ -1,7 +1,10 @@
 #include "files/chart_journal.h"
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 
 #include "files/chart_csv.h"
@@ -114,6 +117,25 @@ TEST_F(Journal, IsCutToWholeRowsWhenItIsTakenOver) {
   ASSERT_EQ(charts.size(), 2u);
   for (const std::string& chart : charts) expectChart(chart, 0, 3);
   EXPECT_TRUE(takeOverJournals(folder / "").empty()) << "they are told once";
+}
+
+TEST_F(Journal, OutlivesAKilledProgram) {
+  int told[2];
+  ASSERT_EQ(::pipe(told), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    for (std::size_t rows = 1; rows <= 40; ++rows) keep(rows);
+    [[maybe_unused]] const auto written = ::write(told[1], "!", 1);
+    for (;;) ::pause();
+  }
+  char byte = 0;
+  ASSERT_EQ(::read(told[0], &byte, 1), 1);
+  EXPECT_TRUE(takeOverJournals(folder / "").empty()) << "the other program still runs";
+  ::kill(child, SIGKILL);
+  ::waitpid(child, nullptr, 0);
+  expectTaken(0, 40);
+  ::close(told[0]);
+  ::close(told[1]);
 }
 
 }  // namespace
