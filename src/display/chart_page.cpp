@@ -1,13 +1,12 @@
 #include "display/chart_page.h"
 
-#include <algorithm>
 #include <span>
 
 #include "display/chart_table.h"
 #include "display/link_status.h"
 #include "display/live_chart.h"
-#include "logs/shown_log.h"
 #include "display/unsaved_chart.h"
+#include "logs/shown_log.h"
 #include "protocol/day_serial.h"
 #include "protocol/dict_text.h"
 #include "protocol/energy.h"
@@ -143,17 +142,6 @@ void setInterval(Main& main) {
   timer.setEnabled(main.pages.chartOn && !main.recording.ticking);
 }
 
-// What a technician looks at first. The second line measures voltages alone.
-void choosePlots(Main& main) {
-  auto& on = main.recording.chartPlotOn;
-  if (std::find(on.begin(), on.end(), true) != on.end()) return;
-  if (main.link.modelLine == 0) {
-    on[0] = on[1] = on[2] = true;
-  } else {
-    on[0] = on[3] = true;
-  }
-}
-
 void pressPlot(Main& main, std::size_t plot, bool on) {
   if (!main.frame.ChartBtn.value()) return;
   main.recording.chartPlotOn[plot] = on;
@@ -172,7 +160,6 @@ void wireChartPage(Main& main, const PageExits& exits) {
 
 void startChartPage(Main& main) {
   takeUpChart(main);
-  choosePlots(main);
   for (std::size_t i = 0; i < std::size(kButtons); ++i) {
     (main.chart.*kButtons[i]).setValue(main.recording.chartPlotOn[i]);
   }

@@ -10,6 +10,7 @@
 namespace zephon {
 namespace {
 
+constexpr std::size_t kLineVoltage = 0;
 constexpr std::size_t kNeutralGround = 3;
 
 constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
@@ -34,9 +35,15 @@ class LiveColumn : public PlotData {
   std::size_t column_;
 };
 
+// The second line measures voltages alone.
+bool isMeasured(const Link& link, std::size_t plot) {
+  if (plot == kNeutralGround) return measuresNeutralGround(link);
+  return link.modelLine == 0 || plot == kLineVoltage;
+}
+
+// What is not measured draws nothing, whatever its button says.
 bool isShown(const Main& main, std::size_t plot) {
-  const bool measured = plot != kNeutralGround || measuresNeutralGround(main.link);
-  return main.recording.chartPlotOn[plot] && measured;
+  return main.recording.chartPlotOn[plot] && isMeasured(main.link, plot);
 }
 
 std::string annotationOf(const Main& main, std::size_t plot) {

@@ -5,6 +5,7 @@
 #include <span>
 
 #include "display/column_plot.h"
+#include "display/scope_plot.h"
 #include "expert/findings_list.h"
 #include "logs/cursor_text.h"
 #include "logs/history_log.h"
@@ -164,14 +165,16 @@ int numberOf(const Main& main, std::size_t plot) {
 }
 
 void readOff(Main& main, std::size_t cursor) {
+  if (main.capture.pageShown) return scopeCursorMoved(main, cursor);
   Graph& graph = main.frame.CWGraph2;
   const Graph::Cursor& at = graph.cursors().at(cursor);
-  if (at.horizontal || !at.plot) return;
-  const CursorPage page = main.pages.chartOn   ? CursorPage::Chart
-                          : main.pages.scopeOn ? CursorPage::Scope
-                                               : CursorPage::Data;
+  if (!at.plot) return;
+  const CursorPage page = main.pages.chartOn ? CursorPage::Chart : CursorPage::Data;
   const bool extremes = main.data.maxMinHistBtn.value();
-  graph.setAnnotation(*at.plot, cursorText(at.x, at.y, numberOf(main, *at.plot), page, extremes));
+  Graph::Cursor read = at;
+  read.reading = cursorText(at.x, at.y, numberOf(main, *at.plot), page, extremes);
+  graph.setAnnotation(*at.plot, read.reading);
+  graph.setCursor(cursor, read);
 }
 
 }  // namespace

@@ -63,21 +63,20 @@ void arm(Main& main, std::size_t i) {
   main.capture.oneShotMode = static_cast<std::int16_t>(i + 1);
   main.capture.oneShotLevel = main.capture.*one.scale * kLevelDivisions;
   (main.scope.*one.other).setValue(false);
-  showLevel(main);
+  showCursors(main);
 }
 
 // Without a trigger to wait for there is nothing to hold.
 void disarm(Main& main, const OneShot& one) {
   if ((main.scope.*one.other).value()) return;
   main.capture.oneShotMode = 0;
-  showLevel(main);
+  showCursors(main);
   if (!main.capture.scopeHeld) main.scope.holdBtn.setValue(false);
 }
 
 void hold(Main& main, bool on) {
-  const bool waits = on && main.capture.oneShotMode != 0;
-  main.capture.scopeHeld = on && !waits;
-  showHold(main, waits);
+  main.capture.scopeHeld = on && main.capture.oneShotMode == 0;
+  showHold(main);
 }
 
 void wirePress(Button& button, const std::function<void()>& press) {
@@ -107,7 +106,9 @@ void wireScopeControls(Main& main) {
   main.scope.CH1togBtn.setValue(true);
 }
 
-void showHold(Main& main, bool waiting) {
+void showHold(Main& main) {
+  const Capture& capture = main.capture;
+  const bool waiting = main.scope.holdBtn.value() && capture.oneShotMode != 0 && !capture.scopeHeld;
   main.scope.holdBtn.setTexts(dictText(main, waiting ? kKeyWaiting : kKeyHold));
 }
 

@@ -10,7 +10,7 @@ namespace zephon {
 // Wires them; the voltage is on at first.
 void wireScopeControls(Main& main);
 
-// holdBtn waits for the trigger, or the trigger has come: its caption says which.
-void showHold(Main& main, bool waiting);
+// The caption of holdBtn, which tells whether it waits for the trigger.
+void showHold(Main& main);
 
 }  // namespace zephon

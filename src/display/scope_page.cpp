@@ -9,6 +9,7 @@
 #include "protocol/scope_capture.h"
 #include "protocol/scope_samples.h"
 #include "protocol/stay.h"
+#include "text/number.h"
 #include "text/picture.h"
 
 namespace zephon {
@@ -39,10 +40,9 @@ bool settleMode(Main& main, const Stay& stay) {
 }
 
 void fireOneShot(Main& main) {
-  takeLevel(main);
   if (!main.scope.holdBtn.value() || main.capture.scopeHeld || !triggers(main.capture)) return;
   main.capture.scopeHeld = true;
-  showHold(main, false);
+  showHold(main);
 }
 
 // A capture that was given up may still be coming in: the next one waits for its end.
@@ -116,6 +116,7 @@ void wireScopePage(Main& main, const PageExits& exits) {
 void layScopePage(Main& main) {
   if (!std::exchange(main.capture.pageShown, true)) swapBytes(main);
   setUpScopeGraph(main);
+  showHold(main);
   setVisible(main.scope, true);
 }
 
@@ -132,7 +133,6 @@ bool startScopePage(Main& main) {
 
 void clearScopePage(Main& main) {
   if (!main.capture.pageShown) return;
-  takeLevel(main);
   main.capture.pageShown = false;
   main.timers.scopeTimer.setEnabled(false);
   swapBytes(main);
@@ -146,8 +146,9 @@ bool triggers(const Capture& capture) {
   const double level = capture.oneShotLevel;
   if (capture.oneShotMode == 0 || level == 0) return false;
   const std::vector<double>& samples = capture.oneShotMode == 1 ? capture.scopeV : capture.scopeA;
-  const auto half = samples.begin() + static_cast<std::ptrdiff_t>((samples.size() + 1) / 2);
-  return std::any_of(samples.begin(), half,
+  if (samples.empty()) return false;
+  const auto half = toInt32(static_cast<double>(samples.size() - 1) / 2);
+  return std::any_of(samples.begin(), samples.begin() + half.value_or(0) + 1,
                      [level](double sample) { return level > 0 ? sample > level : sample < level; });
 }
 

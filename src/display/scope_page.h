@@ -22,8 +22,8 @@ bool startScopePage(Main& main);
 // another page.
 void clearScopePage(Main& main);
 
-// The first sample of the armed channel's first half that lies beyond the one-shot level: above a positive
-// one, below a negative one. A level of 0 fires on nothing.
+// Whether a sample of the armed channel, from the first up to half the last one's number (ties to even), lies
+// beyond the one-shot level: above a positive one, below a negative one. A level of 0 fires on nothing.
 bool triggers(const Capture& capture);
 
 }  // namespace zephon

@@ -1,6 +1,10 @@
 #include "display/scope_plot.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "display/scope_channels.h"
+#include "logs/cursor_text.h"
 #include "protocol/dict_text.h"
 #include "protocol/scope_samples.h"
 #include "text/picture.h"
@@ -11,6 +15,11 @@ namespace {
 constexpr std::size_t kKeyTime = 56;
 constexpr std::size_t kKeyOneShot = 184;
 constexpr char kLevelPicture[] = "###0.##0";
+constexpr const char* kBetween = "   ";  // two readings
+
+// The graph's cursors.
+constexpr std::size_t kLevel = 0;
+constexpr std::size_t kPoint = 1;
 
 // A channel of one capture.
 class Trace : public PlotData {
@@ -32,7 +41,7 @@ bool isOn(const Main& main, const ScopeChannel& channel) {
 Graph::Axis axisOf(const Main& main, const ScopeChannel& channel) {
   const double top = main.capture.*channel.scale * kDivisionsUp;
   const std::string title = dictText(main, channel.key) + " (" + channel.unit + ")";
-  return {channel.axis, title, -top, top, isOn(main, channel)};
+  return {channel.axis, title, -top, top, isOn(main, channel), main.capture.*channel.scale};
 }
 
 Graph::Plot plotOf(const Main& main, const ScopeChannel& channel, std::size_t axis) {
@@ -45,14 +54,65 @@ Graph::Plot plotOf(const Main& main, const ScopeChannel& channel, std::size_t ax
   return plot;
 }
 
-Graph::Cursor levelCursor(const Capture& capture) {
+Graph::Cursor levelCursor(const Main& main) {
+  const Capture& capture = main.capture;
   Graph::Cursor cursor;
   cursor.name = "Cursor-1";
   cursor.horizontal = true;
-  cursor.visible = capture.oneShotMode != 0;
   cursor.y = capture.oneShotLevel;
-  if (cursor.visible) cursor.plot = static_cast<std::size_t>(capture.oneShotMode - 1);
+  if (capture.oneShotMode == 0) return cursor;
+  cursor.visible = true;
+  cursor.plot = static_cast<std::size_t>(capture.oneShotMode - 1);
+  cursor.reading = dictText(main, kKeyOneShot) + ' ' + formatPicture(cursor.y, kLevelPicture) + ' ' +
+                   kScopeChannels[*cursor.plot].unit;
   return cursor;
+}
+
+// The trace on which a point can be read off: the one on which it was before, or else the first.
+std::optional<std::size_t> traceFor(const Graph& graph, std::optional<std::size_t> before) {
+  const auto& plots = graph.plots();
+  if (before && plots[*before].data) return before;
+  const auto found = std::find_if(plots.begin(), plots.end(), [](const auto& plot) { return plot.data; });
+  if (found == plots.end()) return {};
+  return static_cast<std::size_t>(found - plots.begin());
+}
+
+// Stays at its moment while the captures change under it. It waits at the edge, silent, until it is moved.
+Graph::Cursor pointCursor(const Main& main, bool moved) {
+  const Graph& graph = main.frame.CWGraph2;
+  Graph::Cursor cursor = graph.cursors()[kPoint];
+  cursor.name = "Cursor-2";
+  const auto plot = traceFor(graph, cursor.plot);
+  cursor.visible = plot.has_value();
+  if (!plot) return cursor;
+  const PlotData& trace = *graph.plots()[*plot].data;
+  const double samples = std::round(cursor.x / samplePeriodMs(*captureKind(main.capture.capturedMode)));
+  const auto index =
+      static_cast<std::size_t>(std::clamp(samples, 0.0, static_cast<double>(trace.size() - 1)));
+  cursor.plot = plot;
+  cursor.x = trace.x(index);
+  cursor.y = trace.y(index);
+  if (moved || !cursor.reading.empty())
+    cursor.reading = cursorText(cursor.x, cursor.y, static_cast<int>(*plot), CursorPage::Scope);
+  return cursor;
+}
+
+// What the cursors on a plot read off.
+std::string annotationOf(const Graph& graph, std::size_t plot) {
+  std::string text;
+  for (const Graph::Cursor& cursor : graph.cursors()) {
+    if (!cursor.visible || cursor.plot != plot || cursor.reading.empty()) continue;
+    text += (text.empty() ? "" : kBetween) + cursor.reading;
+  }
+  return text;
+}
+
+void setCursors(Main& main, bool pointMoved) {
+  if (!main.capture.pageShown) return;
+  Graph& graph = main.frame.CWGraph2;
+  graph.setCursor(kLevel, levelCursor(main));
+  graph.setCursor(kPoint, pointCursor(main, pointMoved));
+  for (std::size_t i = 0; i < kScopeChannels.size(); ++i) graph.setAnnotation(i, annotationOf(graph, i));
 }
 
 void showTrace(Main& main, std::size_t i, const CaptureKind* kind) {
@@ -72,18 +132,19 @@ void setUpScopeGraph(Main& main) {
   }
   Graph& graph = main.frame.CWGraph2;
   graph.setX(Graph::XKind::Number, dictText(main, kKeyTime) + " (ms)");
-  graph.setUp(std::move(axes), std::move(plots), {levelCursor(main.capture)});
+  graph.setUp(std::move(axes), std::move(plots), std::vector<Graph::Cursor>(2));
   showCapture(main);
-  showLevel(main);
   graph.setVisible(true);
 }
 
 void showCapture(Main& main) {
   if (!main.capture.pageShown) return;
-  const double width = kMsPerDivision * kTimeDivisions * main.capture.capturedXScale;
-  main.frame.CWGraph2.setXRange(std::pair(0.0, width));
+  const double division = kMsPerDivision * main.capture.capturedXScale;
+  main.frame.CWGraph2.setXRange(std::pair(0.0, division * kTimeDivisions));
+  main.frame.CWGraph2.setXDivision(division);
   const CaptureKind* kind = captureKind(main.capture.capturedMode);
   for (std::size_t i = 0; i < kScopeChannels.size(); ++i) showTrace(main, i, kind);
+  showCursors(main);
 }
 
 void showChannels(Main& main) {
@@ -98,29 +159,16 @@ void showChannels(Main& main) {
 
 void showScale(Main& main, std::size_t channel) {
   if (!main.capture.pageShown) return;
-  const double top = main.capture.*kScopeChannels[channel].scale * kDivisionsUp;
-  main.frame.CWGraph2.setAxisRange(channel, -top, top);
+  main.frame.CWGraph2.setAxis(channel, axisOf(main, kScopeChannels[channel]));
 }
 
-void showLevel(Main& main) {
-  if (!main.capture.pageShown) return;
-  Graph& graph = main.frame.CWGraph2;
-  const Graph::Cursor cursor = levelCursor(main.capture);
-  graph.setCursor(0, cursor);
-  for (std::size_t i = 0; i < kScopeChannels.size(); ++i) {
-    const std::string level = dictText(main, kKeyOneShot) + ' ' +
-                              formatPicture(main.capture.oneShotLevel, kLevelPicture) + ' ' +
-                              kScopeChannels[i].unit;
-    graph.setAnnotation(i, cursor.plot == i ? level : "");
-  }
+void showCursors(Main& main) {
+  setCursors(main, false);
 }
 
-void takeLevel(Main& main) {
-  if (!main.capture.pageShown) return;
-  const double level = main.frame.CWGraph2.cursors().front().y;
-  if (main.capture.oneShotLevel == level) return;
-  main.capture.oneShotLevel = level;
-  showLevel(main);
+void scopeCursorMoved(Main& main, std::size_t cursor) {
+  if (cursor == kLevel) main.capture.oneShotLevel = main.frame.CWGraph2.cursors()[kLevel].y;
+  setCursors(main, cursor == kPoint);
 }
 
 }  // namespace zephon

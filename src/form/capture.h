@@ -27,7 +27,7 @@ struct Capture {
   float xScaleNext = 1;
 
   std::int16_t oneShotMode = 0;  // 0 off, 1 armed on voltage, 2 armed on current
-  double oneShotLevel = 0;       // volts or amperes; on the scope's page the graph's cursor has it
+  double oneShotLevel = 0;       // volts or amperes
   bool scopeHeld = false;        // the picture is frozen
   bool formResized = false;      // the form's size has changed during the last capture, which broke it
   FormSize sizeRead;             // the form's size when it was last looked at

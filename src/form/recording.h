@@ -22,8 +22,8 @@ struct ChartJournal {
 
 // The live chart in chartData, beside the table itself.
 struct Recording {
-  // Which plots are shown, in the order of the chart's buttons.
-  std::array<bool, 8> chartPlotOn{};
+  // Which plots are shown, in the order of the chart's buttons; all at the start.
+  std::array<bool, 8> chartPlotOn{true, true, true, true, true, true, true, true};
   // chartData is a live chart, and its last row the one being filled; otherwise it came from a device's
   // memory or a file, whole.
   bool live = false;

@@ -24,9 +24,10 @@ std::string_view unitOf(int plot, bool extremes) {
 
 }  // namespace
 
-std::string cursorText(double serial, double value, int plot, CursorPage page, bool extremes) {
+std::string cursorText(double x, double value, int plot, CursorPage page, bool extremes) {
   const std::string_view picture = page == CursorPage::Chart ? "###0.0##" : "###0.##0";
-  std::string text = dateSerialText(serial, "mm/dd/yy hh:nn:ss");
+  std::string text =
+      page == CursorPage::Scope ? formatPicture(x, picture) + " ms" : dateSerialText(x, "mm/dd/yy hh:nn:ss");
   text += "  ";
   text += formatPicture(value, picture);
   text += ' ';

@@ -20,14 +20,6 @@ void Graph::setUp(std::vector<Axis> axes, std::vector<Plot> plots, std::vector<C
   changed();
 }
 
-void Graph::setAxisRange(std::size_t axis, std::optional<double> minimum, std::optional<double> maximum) {
-  Axis& one = axes_.at(axis);
-  if (one.minimum == minimum && one.maximum == maximum) return;
-  one.minimum = minimum;
-  one.maximum = maximum;
-  changed();
-}
-
 void Graph::setData(std::size_t plot, std::shared_ptr<const PlotData> data) {
   Plot& one = plots_.at(plot);
   if (one.data == data) return;

@@ -35,6 +35,7 @@ class Graph : public Element {
     // Without a range the axis fits itself to its visible plots.
     std::optional<double> minimum, maximum;
     bool visible = false;
+    double division = 0;  // from one grid line to the next; 0 leaves it to the widget
     bool operator==(const Axis&) const = default;
   };
 
@@ -56,6 +57,7 @@ class Graph : public Element {
     double y = 0;
     bool horizontal = false;          // a level to be dragged, instead of a point that snaps to a plot
     std::optional<std::size_t> plot;  // the plot on which it stands
+    std::string reading = {};         // what it reads off, to be shown beside it; empty for nothing
     bool operator==(const Cursor&) const = default;
   };
 
@@ -70,6 +72,9 @@ class Graph : public Element {
   // Without a range the axis runs from the first to the last point.
   const std::optional<std::pair<double, double>>& xRange() const { return xRange_; }
   void setXRange(std::optional<std::pair<double, double>> range) { write(xRange_, range); }
+  // As of an axis, where X is a number.
+  double xDivision() const { return xDivision_; }
+  void setXDivision(double division) { write(xDivision_, division); }
 
   // Sets up the axes, plots and cursors anew; everything that was drawn goes, and the view begins anew at all
   // that there is. The count of these tells one picture from the next.
@@ -79,7 +84,7 @@ class Graph : public Element {
   const std::vector<Plot>& plots() const { return plots_; }
   const std::vector<Cursor>& cursors() const { return cursors_; }
 
-  void setAxisRange(std::size_t axis, std::optional<double> minimum, std::optional<double> maximum);
+  void setAxis(std::size_t axis, const Axis& state) { write(axes_.at(axis), state); }
   void setAxisVisible(std::size_t axis, bool on) { write(axes_.at(axis).visible, on); }
   void setPlotVisible(std::size_t plot, bool on) { write(plots_.at(plot).visible, on); }
   void setAnnotation(std::size_t plot, std::string text) {
@@ -114,6 +119,7 @@ class Graph : public Element {
   XKind xKind_ = XKind::Date;
   std::string xTitle_;
   std::optional<std::pair<double, double>> xRange_;
+  double xDivision_ = 0;
   std::vector<Axis> axes_;
   std::vector<Plot> plots_;
   std::vector<Cursor> cursors_;

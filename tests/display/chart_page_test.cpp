@@ -195,6 +195,8 @@ TEST(ChartPage, TheSecondLineIsAskedForWhatItHas) {
     EXPECT_NEAR(page.row(0)[4], one.neutral ? 12 : 0, 1.5);
     EXPECT_EQ(page.graph.plots()[3].visible, one.neutral);
     EXPECT_EQ(page.graph.axes()[3].visible, one.neutral);
+    EXPECT_TRUE(page.graph.plots()[0].visible && page.c.euChartBtn.value());
+    for (const std::size_t i : {1, 2, 4, 5, 6, 7}) EXPECT_FALSE(page.graph.plots()[i].visible) << i;
     EXPECT_EQ(page.graph.plots()[0].annotation.find('.'), std::string::npos);
     page.device.cutLine();  // all that this device is asked have failed then
     const std::size_t before = page.rows();
@@ -214,22 +216,24 @@ TEST(ChartPage, AButtonShowsItsPlotAndAxisWhileThePageIsOn) {
     for (const auto& axis : page.graph.axes()) text += axis.visible ? '1' : '0';
     return text;
   };
-  EXPECT_EQ(shown(), "11100000 1110000");
+  EXPECT_EQ(shown(), "11111111 1111111");
   page.c.vlnChartBtn.click();
   page.c.cfChartBtn.click();
+  EXPECT_EQ(shown(), "01111101 0111111");
   page.c.pfChartBtn.click();
-  EXPECT_EQ(shown(), "01100110 0110010");
-  page.c.pfChartBtn.click();
-  EXPECT_EQ(shown(), "01100010 0110010");
-  page.c.cfChartBtn.click();
-  EXPECT_EQ(shown(), "01100000 0110000");
+  EXPECT_EQ(shown(), "01111001 0111101");
   page.main.frame.ChartBtn.setValue(false);
   page.c.euChartBtn.click();
-  EXPECT_EQ(shown(), "01100000 0110000");
+  EXPECT_EQ(shown(), "01111001 0111101");
   page.main.frame.ChartBtn.setValue(true);
   page.open();
-  EXPECT_FALSE(page.c.euChartBtn.value());
-  EXPECT_EQ(shown(), "01100000 0110000");
+  EXPECT_TRUE(page.c.euChartBtn.value());
+  EXPECT_EQ(shown(), "01111001 0111101");
+  for (Button* on :
+       {&page.c.aChartBtn, &page.c.pChartBtn, &page.c.vngChartBtn, &page.c.fChartBtn, &page.c.euChartBtn})
+    on->click();
+  page.open();
+  EXPECT_EQ(shown(), "00000000 0000000");
 }
 
 TEST(ChartPage, TheRecordingOutlivesThePageAndTheClock) {

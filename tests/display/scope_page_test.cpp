@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "display/log_views.h"
 #include "display/saving.h"
 #include "support/bench.h"
 #include "support/temp_folder.h"
@@ -22,6 +23,7 @@ class ScopeWorld : public World {
                     clearScopePage(main);
                   }});
     wireSaving(main);
+    wireLogViews(main);
     stay(Page::Scope);
     main.frame.ScopeBtn.setValue(true);
     layScopePage(main);
@@ -141,8 +143,15 @@ TEST(ScopePage, OneShotHoldsThePictureThatGoesBeyondTheLevel) {
   EXPECT_EQ(world.s.holdBtn.caption(), world.main.dict[24]);
   world.run(1000);
   EXPECT_FALSE(world.c.scopeHeld);  // the crests are at 170 V
+  clearScopePage(world.main);
+  world.s.holdBtn.setTexts("another language's");
+  layScopePage(world.main);
+  startScopePage(world.main);
+  EXPECT_EQ(world.s.holdBtn.caption(), world.main.dict[24]);
   world.graph.dropCursor(0, 0, -160, 0, {});
-  world.run(100);
+  EXPECT_EQ(world.c.oneShotLevel, -160);
+  EXPECT_EQ(world.graph.plots()[0].annotation, "One Shot -160.000 V");
+  world.run(300);
   EXPECT_TRUE(world.c.scopeHeld);
   EXPECT_EQ(world.s.holdBtn.caption(), world.main.dict[25]);
   EXPECT_EQ(world.commandsWithin(3000, ""), 0U);
@@ -152,7 +161,7 @@ TEST(ScopePage, OneShotHoldsThePictureThatGoesBeyondTheLevel) {
   EXPECT_FALSE(world.main.frame.saveBtn.visible());
   world.press(world.s.oneShotAbtn);
   EXPECT_FALSE(world.s.oneShotVbtn.value());
-  EXPECT_EQ(world.graph.cursors()[0].y, 12);
+  EXPECT_EQ(world.graph.cursors()[0].reading, "One Shot 12.000 A");
   EXPECT_EQ(world.graph.cursors()[0].plot, 1U);
   world.press(world.s.holdBtn);
   world.run(500);
@@ -162,12 +171,24 @@ TEST(ScopePage, OneShotHoldsThePictureThatGoesBeyondTheLevel) {
 }
 
 TEST(ScopePage, OnlyTheFirstHalfTriggersAndALevelOfZeroNever) {
+  for (const std::size_t blocks : {1, 2, 4}) {
+    for (const std::size_t peak : {0, 1}) {
+      Capture capture;
+      capture.oneShotMode = 1;
+      capture.oneShotLevel = 8;
+      capture.scopeV.assign(256 * blocks, 0);
+      capture.scopeV[128 * blocks + peak] = 9;
+      EXPECT_EQ(triggers(capture), peak == 0) << blocks;
+    }
+  }
   const struct {
     std::vector<double> volts;
     double level;
     bool fires;
   } rows[] = {{{0, 9, 0, 0}, 8, true},
-              {{0, 0, 9, 0}, 8, false},
+              {{0, 0, 9, 0}, 8, true},
+              {{0, 0, 0, 9}, 8, false},
+              {{0, 9}, 8, false},
               {{0, 8, 0, 0}, 8, false},
               {{-9, 0, 0, 0}, -8, true},
               {{-9, 9, 0, 0}, 10, false},
