@@ -67,7 +67,7 @@ set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 if(ZEPHON_WINDOW)
   # The window system's side of Qt is loaded when the program starts, where no tool sees it.
   set(CPACK_DEBIAN_PACKAGE_DEPENDS "qt6-qpa-plugins")
-  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, udev")
+  set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-dejavu-core, qt6-translations-l10n, udev")
   set(CPACK_DEBIAN_PACKAGE_SUGGESTS "qt6-wayland")
 endif()
 include(CPack)

@@ -19,7 +19,7 @@ need_packages() {
 }
 
 BUILD_PACKAGES="g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl-dev libqcustomplot-dev"
-RUN_PACKAGES="libqt6widgets6 libqt6printsupport6 libqt6svg6 libqcustomplot2.1-qt6 qt6-qpa-plugins fonts-dejavu-core"
+RUN_PACKAGES="libqt6widgets6 libqt6printsupport6 libqt6svg6 libqcustomplot2.1-qt6 qt6-qpa-plugins qt6-translations-l10n fonts-dejavu-core"
 TEST_PACKAGES="libgtest-dev python3 poppler-utils"
 BENCH_PACKAGES="python3 python3-numpy python3-pandas libhpdf-dev"
 PACKAGE_PACKAGES="dpkg-dev file gzip desktop-file-utils appstream lintian"

@@ -55,6 +55,7 @@ void hideFindings(Main& main) {
 
 void forgetLogs(Main& main) {
   hideShownLog(main);
+  main.data.TreeView1.setTooltip({});  // the note on the second line's events goes with them
   main.logs.tsData = {};
   main.logs.histData = {};
   main.logs.rawLogBuffer = {};

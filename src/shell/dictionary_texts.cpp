@@ -147,6 +147,8 @@ void composites(Main& main) {
   main.data.clrTsDataBtn.setTooltip(filledText(clear, {text(176), text(145)}));
   main.data.clrHistDataBtn.setTooltip(filledText(clear, {text(176), text(147)}));
   main.chart.chartIntervalSlide.setTooltip(text(45) + " (" + text(133) + " 1 " + text(134) + ")");
+  Tree& tree = main.data.TreeView1;
+  if (!tree.tooltip().empty()) tree.setTooltip(text(214));  // on events of the second line
   for (Button* button : {&main.outlets.oOnBtn, &main.outlets.oCycBtn})
     button->setTexts("");  // the next read fills them
   const std::string& battery = main.frame.EUlbl.caption();

@@ -6,6 +6,8 @@
 #include <QProgressBar>
 #include <QSignalBlocker>
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 #include "window/colours.h"
 #include "window/fields.h"
@@ -44,6 +46,14 @@ void follow(QWidget& widget, Element& element, const Legend& legend, const std::
   whileSpoken(widget, drawAll);
 }
 
+// What a value is of, and whether it is of now.
+void describe(QWidget& widget) {
+  const QString meaning = widget.property("meaning").toString();
+  const QString live = widget.property("stale").toBool() ? say(words::kNotLive) : QString();
+  const QString comma = meaning.isEmpty() || live.isEmpty() ? QString() : QStringLiteral(", ");
+  widget.setAccessibleDescription(meaning + comma + live);
+}
+
 // Text in its own colour, faded and slanted where it is stale.
 void setTextColour(QWidget& widget, QPalette::ColorRole role, Colour colour, bool stale) {
   QPalette own;  // whatever it does not hold is the desktop's
@@ -56,7 +66,8 @@ void setTextColour(QWidget& widget, QPalette::ColorRole role, Colour colour, boo
   QFont font = widget.font();
   font.setItalic(stale);
   widget.setFont(font);
-  widget.setAccessibleDescription(stale ? say(words::kNotLive) : QString());
+  widget.setProperty("stale", stale);
+  describe(widget);
 }
 
 QString nameWithUnit(const Legend& legend, const QString& unit) {
@@ -74,6 +85,17 @@ void setTooltip(QWidget& widget, const Element& element, const QString& addition
   const QString own = toQt(element.tooltip());
   widget.setToolTip(own.isEmpty() || addition.isEmpty() ? own + addition
                                                         : own + QLatin1Char('\n') + addition);
+}
+
+QString rangeText(const NumEdit::Range& range, const QString& unit) {
+  return QStringLiteral("%1 \u2013 %2 %3").arg(range.minimum).arg(range.maximum).arg(unit).trimmed();
+}
+
+void describeBy(QWidget& widget, const Word& word) {
+  whileSpoken(widget, [&widget, word] {
+    widget.setProperty("meaning", say(word));
+    describe(widget);
+  });
 }
 
 void followCommon(QWidget& widget, const Element& element) {
@@ -96,10 +118,10 @@ QLabel* draw(Label& element, QWidget* parent) {
   return label;
 }
 
-QLabel* draw(Image& element, int height, QWidget* parent) {
+QLabel* draw(Image& element, const Legend& legend, int height, QWidget* parent) {
   auto* label = new QLabel(parent);
   label->setFocusPolicy(Qt::NoFocus);
-  follow(*label, element, QString(), [label, &element, height] {
+  follow(*label, element, legend, [label, &element, legend, height] {
     const double ratio = label->devicePixelRatioF();
     QPixmap picture(toQt(element.path()));
     if (!picture.isNull()) {
@@ -108,7 +130,7 @@ QLabel* draw(Image& element, int height, QWidget* parent) {
       picture.setDevicePixelRatio(ratio);
     }
     label->setPixmap(picture);
-    label->setAccessibleName(label->toolTip());
+    label->setAccessibleName(legend.now());
     label->setVisible(element.visible() && !picture.isNull());
   });
   return label;
@@ -133,6 +155,7 @@ NumberField* draw(NumEdit& element, const Legend& legend, const QString& unit, Q
   if (!unit.isEmpty()) field->setSuffix(QLatin1Char(' ') + unit);
   const auto drawValue = [field, &element, legend, unit] {
     field->show(element.value(), element.range());
+    field->setAccessibleDescription(rangeText(element.range(), unit));
     field->setAccessibleName(nameWithUnit(legend, unit));
   };
   follow(*field, element, legend, drawValue);
@@ -228,17 +251,27 @@ Meter* drawMeter(Slider& element, Label& reading, const Legend& legend, QWidget*
   return meter;
 }
 
-RecordBar* drawRecord(Slider& element, const Legend& legend, QWidget* parent) {
+RecordBar* drawRecord(Slider& element, const Legend& legend, const std::vector<Label*>& classes,
+                      QWidget* parent) {
   auto* bar = new RecordBar(parent);
-  follow(*bar, element, legend, [bar, &element, legend] {
+  const auto drawValue = [bar, &element, legend, classes] {
     std::vector<RecordBar::Segment> segments;
+    QStringList shares;
+    double reached = 0;
     for (std::size_t pointer = 1; pointer < element.pointers(); ++pointer) {
-      segments.push_back({static_cast<int>(pointer), element.pointer(pointer).value,
-                          fromColour(element.pointer(pointer).colour)});
+      const double share = std::max(element.pointer(pointer).value - reached, 0.0);
+      reached += share;
+      const Label& name = *classes.at(pointer - 1);
+      if (share > 0) shares += QStringLiteral("%1 %2 %").arg(toQt(name.caption())).arg(std::round(share));
+      segments.push_back(
+          {static_cast<int>(pointer), element.pointer(pointer).value, element.pointer(pointer).colour});
     }
     bar->setSegments(std::move(segments), element.on());
     bar->setAccessibleName(legend.now());
-  });
+    bar->setAccessibleDescription(element.on() ? shares.join(QStringLiteral(", ")) : QString());
+  };
+  follow(*bar, element, legend, drawValue);
+  for (Label* name : classes) watchWhile(*bar, *name, drawValue);
   bar->onPress = [&element](MouseButton mouse) {
     if (mouse == MouseButton::Left) element.click();
   };
@@ -248,8 +281,9 @@ RecordBar* drawRecord(Slider& element, const Legend& legend, QWidget* parent) {
 Swatch* drawSwatch(Slider& record, std::size_t pointer, Label& legend, QWidget* parent) {
   auto* swatch = new Swatch(static_cast<int>(pointer), parent);
   const auto drawNow = [swatch, &record, pointer, &legend] {
-    swatch->setColour(fromColour(record.pointer(pointer).colour));
+    swatch->setColour(record.pointer(pointer).colour);
     swatch->setVisible(legend.visible());
+    swatch->setAccessibleName(toQt(legend.caption()));
   };
   watchWhile(*swatch, record, drawNow);
   watchWhile(*swatch, legend, drawNow);

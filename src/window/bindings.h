@@ -36,11 +36,16 @@ class TextField;
 //
 // The accessible name is the text that a person sees: the caption, or the legend where the element has none.
 
+// What a screen reader adds to a value whose own text does not say what it is of.
+void describeBy(QWidget& widget, const Word& word);
+// "130 – 160 V"
+QString rangeText(const NumEdit::Range& range, const QString& unit);
+
 // Visible and enabled state, tooltip and font size of the element as they are now.
 void followCommon(QWidget& widget, const Element& element);
 
 QLabel* draw(Label& element, QWidget* parent);
-QLabel* draw(Image& element, int height, QWidget* parent);
+QLabel* draw(Image& element, const Legend& legend, int height, QWidget* parent);
 StateButton* draw(Button& element, const Legend& legend, QWidget* parent,
                   StateButton::Look look = StateButton::Look::Plain, Glyph glyph = Glyph::None);
 NumberField* draw(NumEdit& element, const Legend& legend, const QString& unit, QWidget* parent);
@@ -55,7 +60,9 @@ ReadingButton* drawReading(TextBox& element, const Legend& legend, const QString
 using Marks = std::function<std::vector<double>()>;  // limits to mark on the scale, read at each drawing
 Meter* drawMeter(Slider& element, Label& reading, const Legend& legend, QWidget* parent,
                  const Marks& marks = {});
-RecordBar* drawRecord(Slider& element, const Legend& legend, QWidget* parent);
+// `classes` are the legends of its pointers from the first on.
+RecordBar* drawRecord(Slider& element, const Legend& legend, const std::vector<Label*>& classes,
+                      QWidget* parent);
 Swatch* drawSwatch(Slider& record, std::size_t pointer, Label& legend, QWidget* parent);
 QProgressBar* drawProgress(Slider& element, const Legend& legend, QWidget* parent);
 SlideField* drawSlide(Slider& element, const Legend& legend, QWidget* parent);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "screen/element.h"
+#include "window/accessible.h"
 #include "window/bindings.h"
 #include "window/colours.h"
 
@@ -18,8 +19,7 @@ void paintCard(QPainter& painter, const QRectF& box, const QPalette& palette, bo
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setBrush(tone(Tone::Card, palette));
-  const QColor edge =
-      focused ? palette.color(QPalette::Active, QPalette::Highlight) : tone(Tone::Line, palette);
+  const QColor edge = tone(focused ? Tone::Focus : Tone::Line, palette);
   painter.setPen(QPen(edge, focused ? 2 : 1));
   const double inset = focused ? 1 : 0.5;
   painter.drawRoundedRect(box.adjusted(inset, inset, -inset, -inset), kRadius, kRadius);
@@ -49,11 +49,12 @@ void QuietLabel::fade() {
 }
 
 void QuietLabel::changeEvent(QEvent* event) {
-  if (event->type() == QEvent::ApplicationPaletteChange) fade();
+  if (event->type() == QEvent::PaletteChange) fade();
   QLabel::changeEvent(event);
 }
 
 Card::Card(const Legend& heading, std::initializer_list<Element*> members, QWidget* parent) : QFrame(parent) {
+  giveRole(*this, QAccessible::Grouping);
   column_ = new QVBoxLayout(this);
   column_->setContentsMargins(14, 10, 14, 12);
   column_->setSpacing(8);

@@ -30,7 +30,9 @@ QWidget* portCard(Main& main, QWidget* parent) {
   auto* used = new QHBoxLayout;
   used->setSpacing(0);
   used->addWidget(new QuietLabel(words::kPortInUse, card));
-  used->addWidget(draw(main.frame.COMlbl, card), 1);
+  QLabel* inUse = draw(main.frame.COMlbl, card);
+  describeBy(*inUse, words::kComPort);
+  used->addWidget(inUse, 1);
   card->column()->addLayout(used);
 
   auto* entry = new QHBoxLayout;

@@ -14,10 +14,17 @@
 namespace zephon {
 namespace {
 
+// Two lines of caption have room, as the longest names of logs need beside their neighbour.
+StateButton* drawLog(Button& log, const Word& legend, QWidget* parent) {
+  StateButton* button = draw(log, legend, parent);
+  button->setMinimumHeight(2 * button->fontMetrics().lineSpacing() + 12);
+  return button;
+}
+
 void addLog(Card& card, Button& log, const Word& legend, Button& clear, const Word& clearLegend) {
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
-  row->addWidget(draw(log, legend, &card), 1);
+  row->addWidget(drawLog(log, legend, &card), 1);
   row->addWidget(draw(clear, clearLegend, &card));
   card.column()->addLayout(row);
 }
@@ -26,7 +33,7 @@ QWidget* logsCard(DataElements& page, QWidget* parent) {
   auto* card = new Card(words::kLogs, {&page.tsDataBtn, &page.histDataBtn, &page.cmDataBtn}, parent);
   addLog(*card, page.tsDataBtn, words::kEventLog, page.clrTsDataBtn, words::kClear);
   addLog(*card, page.histDataBtn, words::kHistory, page.clrHistDataBtn, words::kClear);
-  card->column()->addWidget(draw(page.cmDataBtn, words::kInternalChart, card));
+  card->column()->addWidget(drawLog(page.cmDataBtn, words::kInternalChart, card));
   auto* running = new QHBoxLayout;
   running->setSpacing(6);
   running->addWidget(drawProgress(page.dataProgSlide, words::kProgress, card), 1);

@@ -1,5 +1,6 @@
 #include "window/fields.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QSignalBlocker>
 #include <QTimeZone>
@@ -51,9 +52,7 @@ bool changesText(const QKeyEvent& event) {
 NumberField::NumberField(QWidget* parent) : QDoubleSpinBox(parent) {
   setRange(-kAnyNumber, kAnyNumber);
   setMinimumHeight(kHeight);
-  QPalette readable;  // a fixed value is still to be read
-  readable.setColor(QPalette::Disabled, QPalette::Text, tone(Tone::Muted, palette()));
-  setPalette(readable);
+  fade();
   setDecimals(0);
   setKeyboardTracking(false);
   setFocusPolicy(Qt::StrongFocus);
@@ -63,6 +62,18 @@ NumberField::NumberField(QWidget* parent) : QDoubleSpinBox(parent) {
   connect(this, &QDoubleSpinBox::valueChanged, this, [this](double value) {
     if (onEdit) onEdit(value);
   });
+}
+
+// A fixed value is still to be read.
+void NumberField::fade() {
+  QPalette readable;
+  readable.setColor(QPalette::Disabled, QPalette::Text, tone(Tone::Muted, QApplication::palette()));
+  setPalette(readable);
+}
+
+void NumberField::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) fade();
+  QDoubleSpinBox::changeEvent(event);
 }
 
 void NumberField::show(double value, const NumEdit::Range& range) {

@@ -25,8 +25,11 @@ class NumberField : public QDoubleSpinBox {
   void stepBy(int steps) override;
   StepEnabled stepEnabled() const override;
   void wheelEvent(QWheelEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void fade();
+
   NumEdit::Range range_;
 };
 

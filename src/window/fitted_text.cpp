@@ -68,12 +68,12 @@ FittedText fitText(const QString& text, const QFont& font, const QSizeF& box, in
   return cutText(text, sized(font, kSmallest), box, maximumLines);
 }
 
-bool drawFitted(QPainter& painter, const QRectF& box, Qt::Alignment alignment, const QString& text,
-                const QFont& font, int maximumLines) {
-  const FittedText fitted = fitText(text, font, box.size(), maximumLines);
+FittedText drawFitted(QPainter& painter, const QRectF& box, Qt::Alignment alignment, const QString& text,
+                      const QFont& font, int maximumLines) {
+  FittedText fitted = fitText(text, font, box.size(), maximumLines);
   painter.setFont(fitted.font);
   painter.drawText(box, static_cast<int>(alignment) | Qt::TextDontClip, fitted.text);
-  return fitted.cut;
+  return fitted;
 }
 
 }  // namespace zephon

@@ -18,8 +18,8 @@ struct FittedText {
 
 FittedText fitText(const QString& text, const QFont& font, const QSizeF& box, int maximumLines = 2);
 
-// Draws it in the painter's pen. True if the text was cut.
-bool drawFitted(QPainter& painter, const QRectF& box, Qt::Alignment alignment, const QString& text,
-                const QFont& font, int maximumLines = 2);
+// Draws it in the painter's pen, and returns what was drawn.
+FittedText drawFitted(QPainter& painter, const QRectF& box, Qt::Alignment alignment, const QString& text,
+                      const QFont& font, int maximumLines = 2);
 
 }  // namespace zephon

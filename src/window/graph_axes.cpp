@@ -27,8 +27,8 @@ struct Stroke {
   const char16_t* text;
 };
 
-// Neighbours differ in lightness too; all keep 3:1 against the graph's ground.
-constexpr std::array<Stroke, 8> kStrokes{{
+// Neighbours differ in lightness too.
+constexpr std::array<Stroke, kPlotStyles> kStrokes{{
     {0xff0b5cad, 0xff6cb6ff, QCPScatterStyle::ssDisc, u"●"},
     {0xffd1453b, 0xffffa198, QCPScatterStyle::ssTriangle, u"△"},
     {0xff14602c, 0xff56d364, QCPScatterStyle::ssSquare, u"□"},
@@ -66,7 +66,9 @@ QVector<QString> UnitTicker::createLabelVector(const QVector<double>& ticks, con
 
 PlotStyle plotStyle(std::size_t number, const QPalette& palette) {
   const Stroke& stroke = kStrokes.at(number % kStrokes.size());
-  return {QColor(isDark(palette) ? stroke.dark : stroke.light), stroke.symbol};
+  const QColor colour(isDark(palette) ? stroke.dark : stroke.light);
+  return {standingOut(colour, palette, kShapeContrast), standingOut(colour, palette, kTextContrast),
+          stroke.symbol};
 }
 
 QString symbolText(std::size_t number) {

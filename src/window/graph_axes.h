@@ -31,7 +31,9 @@ class UnitTicker : public QCPAxisTicker {
   QString unit_;  // empty for none
 };
 
-// Colour and symbol of the plot of that number.
+// Plots take their styles in this order, over and over.
+inline constexpr std::size_t kPlotStyles = 8;
+// Colours and symbol of the plot of that number.
 PlotStyle plotStyle(std::size_t number, const QPalette& palette);
 // The symbol as a character.
 QString symbolText(std::size_t number);

@@ -135,7 +135,7 @@ void GraphCanvas::titleAxes() {
     one.ticker->setTickCount(ticks);
     const QColor text = palette().color(QPalette::Active, QPalette::Text);
     const QColor ink = plotted && visible > 1
-                           ? plotStyle(static_cast<std::size_t>(on - plots.begin()), palette()).colour
+                           ? plotStyle(static_cast<std::size_t>(on - plots.begin()), palette()).ink
                            : text;
     dress(*one.axis, letters, palette(), ink, grid && axes[i].visible);
     one.axis->setPadding(titled ? 5 : 1);

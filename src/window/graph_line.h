@@ -10,9 +10,11 @@
 
 namespace zephon {
 
-// What tells a plot from the others: a colour, and a symbol that stands on the line here and there.
+// What tells a plot from the others: its colour, as a line and as letters, and a symbol that stands on the
+// line here and there.
 struct PlotStyle {
   QColor colour;
+  QColor ink;
   QCPScatterStyle::ScatterShape symbol;
 };
 

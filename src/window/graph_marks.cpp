@@ -3,6 +3,8 @@
 #include <cmath>
 #include <set>
 
+#include "window/colours.h"
+
 namespace zephon {
 
 void GraphMarks::draw(QCPPainter* painter) {
@@ -13,7 +15,7 @@ void GraphMarks::draw(QCPPainter* painter) {
     if (pixel >= box.left() - 1 && pixel <= box.right() + 1)
       columns.insert(static_cast<int>(std::lround(pixel)));
   }
-  const QColor ink = mParentPlot->palette().color(QPalette::Active, QPalette::Highlight);
+  const QColor ink = tone(Tone::Focus, mParentPlot->palette());
   QColor band = ink;
   band.setAlphaF(0.3F);
   for (const int x : columns) {

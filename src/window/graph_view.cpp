@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "window/accessible.h"
 #include "window/bindings.h"
 #include "window/colours.h"
 #include "window/graph_axes.h"
@@ -32,10 +33,13 @@ class GraphView : public QWidget {
         readings_(new QLabel(this)),
         canvas_(new GraphCanvas(element, this)) {
     setObjectName(toQt(element.name()));
+    giveRole(*this, QAccessible::Chart);
     nameBy(*this, words::kGraph);
-    whileSpoken(*this, [this] { setAccessibleDescription(say(words::kGraphKeys)); });
+    whileSpoken(*this, [this] { tell(); });
     setFocusPolicy(Qt::StrongFocus);
     canvas_->setObjectName(QStringLiteral("canvas"));
+    giveRole(*canvas_, QAccessible::Canvas);
+    nameBy(*canvas_, words::kGraph);
     readings_->setObjectName(QStringLiteral("readings"));
     readings_->setTextFormat(Qt::RichText);
     readings_->setWordWrap(true);
@@ -65,6 +69,8 @@ class GraphView : public QWidget {
   void follow();
   void drawSoon();
   QString legend() const;
+  QString range(std::size_t plot) const;
+  void tell();
   void keepRoom(bool anew);
 
   Graph& element_;
@@ -88,6 +94,7 @@ void GraphView::drawSoon() {
     if (!isVisible()) return;
     canvas_->follow();
     readings_->setText(legend());
+    tell();
     keepRoom(std::exchange(picture_, element_.picture()) != element_.picture());
   });
 }
@@ -106,6 +113,28 @@ QString GraphView::legend() const {
             .arg(plotStyle(i, palette()).colour.name(), symbolText(i), text);
   }
   return parts.join(QStringLiteral(" &nbsp; "));
+}
+
+// From the least to the greatest value of a plot.
+QString GraphView::range(std::size_t plot) const {
+  bool found = false;
+  const QCPRange values = plot < canvas_->lines() ? canvas_->line(plot).getValueRange(found) : QCPRange();
+  if (!found) return {};
+  const QString text =
+      QStringLiteral("%1 \u2013 %2 %3").arg(values.lower, 0, 'g', 4).arg(values.upper, 0, 'g', 4);
+  return text.arg(toQt(element_.plots()[plot].unit)).trimmed();
+}
+
+// What a screen reader hears of the plots: the value that stands above them, else where they lie.
+void GraphView::tell() {
+  QString text;
+  for (std::size_t i = 0; i < element_.plots().size(); ++i) {
+    const Graph::Plot& plot = element_.plots()[i];
+    if (!plot.visible) continue;
+    const QString value = plot.annotation.empty() ? range(i) : toQt(plot.annotation);
+    text += QStringLiteral("%1: %2. ").arg(toQt(plot.legend), value);
+  }
+  setAccessibleDescription(text + say(words::kGraphKeys));
 }
 
 // A line that a longer reading needs stays, lest the graph jump.
@@ -147,7 +176,7 @@ void GraphView::changeEvent(QEvent* event) {
 void GraphView::paintEvent(QPaintEvent* /*event*/) {
   if (!hasFocus()) return;
   QPainter painter(this);
-  painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), 2));
+  painter.setPen(QPen(tone(Tone::Focus, palette()), 2));
   painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 

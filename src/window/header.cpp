@@ -23,9 +23,9 @@ Header::Header(FrameElements& frame, QWidget* parent) : QWidget(parent) {
   name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   name->setMinimumHeight(kBadgeHeight);
   row->addWidget(name, 1);
-  row->addWidget(draw(frame.adBanner, kBannerHeight, this));
-  row->addWidget(draw(frame.image998, kBadgeHeight, this));
-  row->addWidget(draw(frame.image999, kBadgeHeight, this));
+  row->addWidget(draw(frame.adBanner, frame.formCaption, kBannerHeight, this));
+  row->addWidget(draw(frame.image998, frame.modelLbl, kBadgeHeight, this));
+  row->addWidget(draw(frame.image999, frame.modelLbl, kBadgeHeight, this));
   QLabel* model = draw(frame.modelLbl, this);
   QFont bold = model->font();
   bold.setBold(true);

@@ -13,6 +13,7 @@
 #include "window/header.h"
 #include "window/page_rail.h"
 #include "window/panels.h"
+#include "window/qt_translation.h"
 #include "window/status_line.h"
 #include "window/window_place.h"
 #include "window/words.h"
@@ -40,9 +41,12 @@ constexpr PageDrawing kPages[] = {
 
 MainWindow::MainWindow(Main& main, std::function<void()> closing)
     : main_(main), closing_(std::move(closing)), pages_(nullptr) {
-  speak(main.dict);
-  watchWhile(*this, main.com.langCombo,
-             [&main] { speak(main.dict); });  // each dictionary fills the list anew
+  const auto speakNow = [&main] {
+    translateQt(main.config.language);
+    speak(main.dict);
+  };
+  speakNow();
+  watchWhile(*this, main.com.langCombo, speakNow);  // each dictionary fills the list anew
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);
   grid->setSpacing(0);

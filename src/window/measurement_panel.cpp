@@ -55,6 +55,7 @@ QWidget* energyTile(Main& main, QWidget* parent) {
   cost->addWidget(perKWh);
   QLabel* amount = draw(page.EnCostLbl, tile);
   amount->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  describeBy(*amount, words::kEnergyCost);
   cost->addWidget(amount, 1);
   column->addLayout(cost);
   return tile;
@@ -98,11 +99,6 @@ QWidget* countCell(Slider& record, std::size_t pointer, Label& legend, TextBox& 
 
 QWidget* record(MeasurementElements& page, QWidget* parent) {
   auto* card = new Card(words::kDisturbances, {&page.recSlide}, parent);
-  auto* bar = new QHBoxLayout;
-  bar->addWidget(drawRecord(page.recSlide, words::kShares, card), 1);
-  bar->addWidget(draw(page.clrCountBtn, words::kClear, card));
-  card->column()->addLayout(bar);
-
   struct Class {
     Label* legend;
     TextBox* count;
@@ -112,6 +108,12 @@ QWidget* record(MeasurementElements& page, QWidget* parent) {
                            {&page.PDlbl2, &page.UVcorecTxt}, {&page.PDlbl3, &page.UVrerecTxt},
                            {&page.PDlbl4, &page.OVrerecTxt}, {&page.PDlbl5, &page.OVcorecTxt},
                            {&page.PDlbl6, &page.SGrecTxt}};
+  std::vector<Label*> names;
+  for (const Class& each : classes) names.push_back(each.legend);
+  auto* bar = new QHBoxLayout;
+  bar->addWidget(drawRecord(page.recSlide, words::kShares, names, card), 1);
+  bar->addWidget(draw(page.clrCountBtn, words::kClear, card));
+  card->column()->addLayout(bar);
   auto* grid = new QWidget(card);
   auto* tiles = new TileLayout(kLegendWidth, kMostColumns, kPageGap);
   grid->setLayout(tiles);

@@ -113,7 +113,7 @@ QColor Meter::ink() const {
 
 // The zone's word stands at the right of the title. Where there is no room for both it goes below the title
 // or, in a low meter, the mark stands alone.
-void Meter::paintHead(QPainter& painter, const QRectF& box) const {
+void Meter::paintHead(QPainter& painter, const QRectF& box) {
   const QFontMetricsF metrics(font());
   QString word = zoneWord(zone());
   const auto zoneWidth = [&] {
@@ -131,7 +131,9 @@ void Meter::paintHead(QPainter& painter, const QRectF& box) const {
   painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, word);
   painter.setPen(tone(Tone::Muted, palette()));
   const QRectF title = box.adjusted(0, 0, below ? 0 : -zoneWidth() - kGap, 0);
-  drawFitted(painter, title, Qt::AlignLeft | Qt::AlignVCenter, face_.title, font(), 1);
+  const FittedText drawn =
+      drawFitted(painter, title, Qt::AlignLeft | Qt::AlignVCenter, face_.title, font(), 1);
+  cut_ = drawn.cut || (word.isEmpty() && !zoneWord(zone()).isEmpty());
 }
 
 // From the scale's zero, where it has one inside, else from its start, to the value. A value beyond the scale
@@ -190,9 +192,8 @@ void Meter::paintEvent(QPaintEvent* /*event*/) {
   const QRectF head(box.left(), box.top(), box.width(), line);
   const QRectF bar(box.left(), box.bottom() - line - 6 - kBarHeight, box.width(), kBarHeight);
   paintHead(painter, head);
-  painter.setBackground(tone(Tone::Card, palette()));
   drawReading(painter, QRectF(box.left(), head.bottom(), box.width(), bar.top() - 8 - head.bottom()),
-              Reading(face_.reading), font(), ink());
+              Reading(face_.reading), font(), ink(), tone(Tone::Muted, palette()));
   paintBar(painter, bar);
   paintScale(painter, bar);
 }

@@ -28,7 +28,8 @@ class Meter : public Pressable {
   explicit Meter(QWidget* parent);
   void setFace(const Face& face);
   const Face& face() const { return face_; }
-  Zone zone() const;  // with off, not live and no reading told apart
+  bool headIsCut() const { return cut_; }  // as last drawn
+  Zone zone() const;                       // with off, not live and no reading told apart
 
   QSize sizeHint() const override { return minimumSizeHint(); }
   QSize minimumSizeHint() const override;
@@ -40,11 +41,12 @@ class Meter : public Pressable {
   bool shows() const;  // a reading
   void tell();         // the face in words, to the screen and to a screen reader
   QColor ink() const;
-  void paintHead(QPainter& painter, const QRectF& box) const;
+  void paintHead(QPainter& painter, const QRectF& box);
   void paintBar(QPainter& painter, const QRectF& bar) const;
   void paintScale(QPainter& painter, const QRectF& bar) const;
 
   Face face_;
+  bool cut_ = false;
 };
 
 }  // namespace zephon

@@ -5,6 +5,7 @@
 #include <QScrollBar>
 #include <QVBoxLayout>
 
+#include "window/accessible.h"
 #include "window/card.h"
 #include "window/words.h"
 
@@ -20,6 +21,7 @@ QScrollArea* scrollArea(const Word& name, QWidget* parent) {
   area->setFocusPolicy(Qt::NoFocus);  // its controls scroll it when they take the focus
   nameBy(*area, name);
   area->setWidget(new QWidget(area));
+  giveRole(*area->widget(), QAccessible::Pane);
   nameBy(*area->widget(), name);
   return area;
 }
@@ -34,6 +36,7 @@ ScrolledPage scrolledPage(const Word& name, QWidget* parent) {
 GraphPage graphPage(const Word& name, QWidget* parent) {
   GraphPage made;
   made.page = new QWidget(parent);
+  giveRole(*made.page, QAccessible::Pane);
   nameBy(*made.page, name);
   auto* row = new QHBoxLayout(made.page);
   row->setContentsMargins(kPageMargin, kPageMargin, kPageMargin, kPageMargin);

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include "form/shortcuts.h"
+#include "window/accessible.h"
 #include "window/bindings.h"
 #include "window/colours.h"
 #include "window/words.h"
@@ -24,13 +25,16 @@ void add(QVBoxLayout& column, const Entry& entry, QWidget* parent) {
       draw(*entry.button, entry.shortcut.does, parent, StateButton::Look::Rail, entry.glyph);
   button->setMaximumHeight(70);
   button->setShortcut(key);
-  setTooltip(*button, *entry.button, key.toString(QKeySequence::NativeText));
+  whileSpoken(*button, [button, key, &element = *entry.button] {
+    setTooltip(*button, element, key.toString(QKeySequence::NativeText));
+  });
   column.addWidget(button, 1);
 }
 
 }  // namespace
 
 PageRail::PageRail(FrameElements& frame, QWidget* parent) : QWidget(parent) {
+  giveRole(*this, QAccessible::ToolBar);
   nameBy(*this, words::kPages);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(4, 4, 5, 4);

@@ -54,7 +54,7 @@ Reading::Reading(const QString& text) : digits(QStringLiteral("\u2013")), unit(t
 }
 
 void drawReading(QPainter& painter, const QRectF& box, const Reading& reading, const QFont& font,
-                 const QColor& ink) {
+                 const QColor& ink, const QColor& unitInk) {
   const Sizes sizes = sizesFor(reading, font, box.size());
   const QFont large = sized(font, sizes.digits);
   const QFontMetricsF metrics(large);
@@ -63,7 +63,7 @@ void drawReading(QPainter& painter, const QRectF& box, const Reading& reading, c
   painter.setPen(ink);
   painter.setFont(large);
   painter.drawText(QPointF(left, base), reading.digits);
-  painter.setPen(mixed(ink, painter.background().color(), 0.36));
+  painter.setPen(unitInk);
   painter.setFont(sized(font, sizes.unit));
   painter.drawText(QPointF(left + metrics.horizontalAdvance(reading.digits) + sizes.digits * kUnitGap, base),
                    reading.unit);
@@ -88,10 +88,9 @@ void ReadingButton::show(const QString& text, const QColor& ink) {
 void ReadingButton::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setBackground(tone(Tone::Card, palette()));
-  drawReading(painter, rect(), Reading(text_), font(), ink_);
+  drawReading(painter, rect(), Reading(text_), font(), ink_, tone(Tone::Muted, palette()));
   if (!showsRing()) return;
-  painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), 2));
+  painter.setPen(QPen(tone(Tone::Focus, palette()), 2));
   painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
 }
 

@@ -15,9 +15,9 @@ struct Reading {
 };
 
 // Draws it as large as the box allows, the unit half as large on the same base line. In a narrow box the unit
-// gives way first. The digits are in `ink`.
+// gives way first.
 void drawReading(QPainter& painter, const QRectF& box, const Reading& reading, const QFont& font,
-                 const QColor& ink);
+                 const QColor& ink, const QColor& unitInk);
 
 // A reading that can be pressed.
 class ReadingButton : public Pressable {

@@ -6,6 +6,7 @@
 #include <array>
 #include <utility>
 
+#include "window/accessible.h"
 #include "window/colours.h"
 
 namespace zephon {
@@ -52,23 +53,23 @@ void RecordBar::paintEvent(QPaintEvent* /*event*/) {
       if (!(upTo > reached)) continue;
       const QRectF part(box.left() + reached / 100 * box.width(), box.top(),
                         (upTo - reached) / 100 * box.width(), box.height());
-      paintFilling(painter, part.adjusted(reached > 0 ? 1 : 0, 0, 0, 0), segment.number, segment.colour);
+      paintFilling(painter, part.adjusted(reached > 0 ? 1 : 0, 0, 0, 0), segment.number,
+                   shapeColour(segment.colour, palette()));
       reached = upTo;
     }
     painter.restore();
   }
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(
-      QPen(showsRing() ? palette().color(QPalette::Active, QPalette::Highlight) : tone(Tone::Line, palette()),
-           showsRing() ? 2 : 1));
+  painter.setPen(QPen(tone(showsRing() ? Tone::Focus : Tone::Line, palette()), showsRing() ? 2 : 1));
   painter.drawPath(shape);
 }
 
 Swatch::Swatch(int number, QWidget* parent) : QWidget(parent), number_(number) {
+  giveRole(*this, QAccessible::Graphic);
   setFixedSize(18, 14);
 }
 
-void Swatch::setColour(const QColor& colour) {
+void Swatch::setColour(Colour colour) {
   if (colour == colour_) return;
   colour_ = colour;
   update();
@@ -76,7 +77,7 @@ void Swatch::setColour(const QColor& colour) {
 
 void Swatch::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  paintFilling(painter, rect(), number_, colour_);
+  paintFilling(painter, rect(), number_, shapeColour(colour_, palette()));
   painter.setPen(tone(Tone::Line, palette()));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

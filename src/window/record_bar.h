@@ -3,6 +3,7 @@
 #include <QColor>
 #include <vector>
 
+#include "screen/colour.h"
 #include "window/pressable.h"
 
 namespace zephon {
@@ -16,7 +17,7 @@ class RecordBar : public Pressable {
   struct Segment {
     int number = 0;  // of its filling
     double upTo = 0;
-    QColor colour;
+    Colour colour = kBlack;
     bool operator==(const Segment&) const = default;
   };
 
@@ -37,14 +38,14 @@ class RecordBar : public Pressable {
 class Swatch : public QWidget {
  public:
   Swatch(int number, QWidget* parent);
-  void setColour(const QColor& colour);
+  void setColour(Colour colour);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
 
  private:
   int number_;
-  QColor colour_;
+  Colour colour_ = kBlack;
 };
 
 }  // namespace zephon

@@ -12,19 +12,27 @@
 namespace zephon {
 namespace {
 
-void addPair(QVBoxLayout& column, QWidget* left, QWidget* right) {
+struct Step {
+  Button& button;
+  const Word& does;
+  Glyph glyph;
+};
+
+// The left one is made first, so that the keyboard comes to it first.
+void addPair(Card& card, const Step& left, const Step& right) {
   auto* row = new QHBoxLayout;
   row->setSpacing(6);
-  row->addWidget(left, 1);
-  row->addWidget(right, 1);
-  column.addLayout(row);
+  for (const Step& step : {left, right}) {
+    StateButton* drawn = draw(step.button, step.does, &card, StateButton::Look::Plain, step.glyph);
+    describeBy(*drawn, step.does);  // both have the scale for a caption
+    row->addWidget(drawn, 1);
+  }
+  card.column()->addLayout(row);
 }
 
 void addChannel(Card& card, Button& toggle, const Word& legend, Button& up, Button& down) {
-  constexpr auto kPlain = StateButton::Look::Plain;
   card.column()->addWidget(draw(toggle, legend, &card));
-  addPair(*card.column(), draw(up, words::kMorePerDivision, &card, kPlain, Glyph::Up),
-          draw(down, words::kLessPerDivision, &card, kPlain, Glyph::Down));
+  addPair(card, {up, words::kMorePerDivision, Glyph::Up}, {down, words::kLessPerDivision, Glyph::Down});
 }
 
 QWidget* channelsCard(ScopeElements& page, QWidget* parent) {
@@ -37,11 +45,12 @@ QWidget* channelsCard(ScopeElements& page, QWidget* parent) {
 }
 
 QWidget* timeCard(ScopeElements& page, QWidget* parent) {
-  constexpr auto kPlain = StateButton::Look::Plain;
   auto* card = new Card(words::kTime, {&page.XinBtn, &page.XoutBtn, &page.xTimeLbl}, parent);
-  card->column()->addWidget(draw(page.xTimeLbl, card));
-  addPair(*card->column(), draw(page.XinBtn, words::kZoomIn, card, kPlain, Glyph::ZoomIn),
-          draw(page.XoutBtn, words::kZoomOut, card, kPlain, Glyph::ZoomOut));
+  QLabel* scale = draw(page.xTimeLbl, card);
+  describeBy(*scale, words::kTime);
+  card->column()->addWidget(scale);
+  addPair(*card, {page.XinBtn, words::kZoomIn, Glyph::ZoomIn},
+          {page.XoutBtn, words::kZoomOut, Glyph::ZoomOut});
   return card;
 }
 
@@ -52,7 +61,7 @@ void addOneShot(Card& card, Button& button, const Word& watched) {
   showWhileAny(*quantity, {&button});
   row->addWidget(quantity, 2);
   StateButton* drawn = draw(button, words::kOneShot, &card);
-  whileSpoken(*drawn, [drawn, watched] { drawn->setAccessibleDescription(say(watched)); });
+  describeBy(*drawn, watched);
   row->addWidget(drawn, 3);
   card.column()->addLayout(row);
 }

@@ -21,12 +21,11 @@ const QString kAmps = QStringLiteral("A");
 constexpr int kTwoColumns = 720;
 constexpr int kThreeColumns = 1080;
 
-// "130 – 160 V", as the editor's range stands.
+// As the editor's range stands.
 QLabel* drawRange(NumEdit& element, const QString& unit, QWidget* parent) {
   auto* label = new QuietLabel(QString(), parent);
   const auto show = [label, &element, unit] {
-    const NumEdit::Range& range = element.range();
-    label->setText(QStringLiteral("%1 \u2013 %2 %3").arg(range.minimum).arg(range.maximum).arg(unit));
+    label->setText(rangeText(element.range(), unit));
     label->setVisible(element.visible());
   };
   watchWhile(*label, element, show);
@@ -107,16 +106,20 @@ QWidget* wiringRow(SetupElements& page, QWidget* parent) {
   QLabel* wye = draw(page.yLbl, line);
   QLabel* tap = draw(page.ctLbl, line);
   row->addWidget(tap);
-  row->addWidget(draw(page.YorCTbutton, words::kWiring, line, StateButton::Look::Switch));
+  StateButton* knob = draw(page.YorCTbutton, words::kWiring, line, StateButton::Look::Switch);
+  row->addWidget(knob);
   row->addWidget(wye);
   row->addStretch(1);
-  const auto embolden = [wye, tap, &page] {
+  const auto embolden = [wye, tap, knob, &page] {
     QFont font = wye->font();
     font.setBold(page.YorCTbutton.value());
     wye->setFont(font);
     font.setBold(!page.YorCTbutton.value());
     tap->setFont(font);
+    knob->setAccessibleDescription(page.YorCTbutton.value() ? wye->text() : tap->text());
   };
+  watchWhile(*line, page.yLbl, embolden);
+  watchWhile(*line, page.ctLbl, embolden);
   watchWhile(*line, page.YorCTbutton, embolden);
   embolden();
   showWhileAny(*line, {&page.YorCTbutton});

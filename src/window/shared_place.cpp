@@ -20,9 +20,18 @@ class SharedPlace : public QWidget {
     auto* widget = window()->findChild<QWidget*>(name_);
     if (!widget) widget = make_(this);
     if (layout()->indexOf(widget) < 0) layout()->addWidget(widget);
+    reachInOrder(*widget);
   }
 
  private:
+  // A widget that is made late is the last that the keyboard comes to. It belongs behind whatever can be
+  // reached before its place.
+  void reachInOrder(QWidget& widget) {
+    QWidget* before = previousInFocusChain();
+    while (before != this && !(before->focusPolicy() & Qt::TabFocus)) before = before->previousInFocusChain();
+    setTabOrder(before, &widget);
+  }
+
   QString name_;
   std::function<QWidget*(QWidget*)> make_;
 };

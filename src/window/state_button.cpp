@@ -6,7 +6,6 @@
 #include <algorithm>
 
 #include "window/colours.h"
-#include "window/fitted_text.h"
 
 namespace zephon {
 namespace {
@@ -92,7 +91,7 @@ void StateButton::paintGround(QPainter& painter) const {
   if (isDown()) ground = mixed(ground, ink(), 0.18);
   if (underMouse() && isEnabled() && !isDown()) ground = mixed(ground, ink(), 0.06);
   const bool bordered = !shows(Look::Rail);
-  QColor border = lit ? palette().color(QPalette::Active, QPalette::Highlight) : tone(Tone::Line, palette());
+  QColor border = tone(lit ? Tone::Focus : Tone::Line, palette());
   if (signal) border = zoneColour(lit_, palette());
   painter.setPen(bordered ? QPen(border, signal ? 2 : 1) : QPen(Qt::NoPen));
   if (bordered || isEnabled()) {
@@ -102,15 +101,14 @@ void StateButton::paintGround(QPainter& painter) const {
   }
   if (!showsRing()) return;
   painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), 2));
+  painter.setPen(QPen(tone(Tone::Focus, palette()), 2));
   painter.drawRoundedRect(box.adjusted(1.5, 1.5, -1.5, -1.5), kRadius, kRadius);
 }
 
 void StateButton::paintRail(QPainter& painter) {
   const QRectF box = rect();
   if (isChecked()) {
-    painter.fillRect(QRectF(0, 4, 3, box.height() - 8),
-                     palette().color(QPalette::Active, QPalette::Highlight));
+    painter.fillRect(QRectF(0, 4, 3, box.height() - 8), tone(Tone::Focus, palette()));
   }
   painter.setPen(ink());
   if (box.height() >= kTallRail) {
@@ -118,12 +116,12 @@ void StateButton::paintRail(QPainter& painter) {
     drawGlyph(painter, QRectF(box.center().x() - side / 2, box.center().y() - side / 2 - 9, side, side),
               glyph_, ink());
     const QRectF word(4, box.center().y() + side / 2 - 6, box.width() - 8, 20);
-    cut_ = drawFitted(painter, word, Qt::AlignCenter, caption_, captionFont(), 1);
+    drawn_ = drawFitted(painter, word, Qt::AlignCenter, caption_, captionFont(), 1);
   } else {
     const double side = std::min(18.0, box.height() - 8);
     drawGlyph(painter, QRectF(8, box.center().y() - side / 2, side, side), glyph_, ink());
     const QRectF word = box.adjusted(8 + side + 6, 0, -4, 0);
-    cut_ = drawFitted(painter, word, Qt::AlignVCenter | Qt::AlignLeft, caption_, captionFont(), 1);
+    drawn_ = drawFitted(painter, word, Qt::AlignVCenter | Qt::AlignLeft, caption_, captionFont(), 1);
   }
 }
 
@@ -145,8 +143,8 @@ void StateButton::paintRow(QPainter& painter) {
     if (isChecked() && lit_ != Zone::Empty) {
       drawZoneMark(painter, lamp, lit_, palette());
     } else {
-      const QColor filled = isEnabled() ? palette().color(QPalette::Active, QPalette::Highlight) : ink();
-      painter.setPen(QPen(isChecked() ? filled : mixed(ink(), palette().color(QPalette::Button), 0.3), 1.5));
+      const QColor filled = isEnabled() ? tone(Tone::Focus, palette()) : ink();
+      painter.setPen(QPen(isChecked() ? filled : tone(Tone::Muted, palette()), 1.5));
       painter.setBrush(isChecked() ? QBrush(filled) : QBrush());
       painter.drawEllipse(lamp.adjusted(1, 1, -1, -1));
     }
@@ -160,7 +158,7 @@ void StateButton::paintRow(QPainter& painter) {
   }
   painter.setPen(ink());
   const Qt::Alignment across = isCheckable() || glyph_ != Glyph::None ? Qt::AlignLeft : Qt::AlignHCenter;
-  cut_ = drawFitted(painter, box, across | Qt::AlignVCenter, caption_, captionFont(), big ? 4 : 2);
+  drawn_ = drawFitted(painter, box, across | Qt::AlignVCenter, caption_, captionFont(), big ? 4 : 2);
 }
 
 void StateButton::paintEvent(QPaintEvent* /*event*/) {
@@ -178,7 +176,7 @@ void StateButton::paintEvent(QPaintEvent* /*event*/) {
 
 // A caption that is cut is told whole by the tooltip.
 bool StateButton::event(QEvent* event) {
-  if (event->type() == QEvent::ToolTip && cut_ && !toolTip().contains(caption_)) {
+  if (event->type() == QEvent::ToolTip && drawn_.cut && !toolTip().contains(caption_)) {
     const QString whole = toolTip().isEmpty() ? caption_ : caption_ + QLatin1Char('\n') + toolTip();
     QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), whole, this);
     return true;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "window/fitted_text.h"
 #include "window/glyph.h"
 #include "window/pressable.h"
 #include "window/zone.h"
@@ -21,7 +22,7 @@ class StateButton : public Pressable {
 
   void setCaption(const QString& caption);
   const QString& caption() const { return caption_; }
-  bool captionIsCut() const { return cut_; }  // as last drawn; the tooltip tells it whole
+  const FittedText& drawnCaption() const { return drawn_; }  // the tooltip tells a cut one whole
   void setGlyph(Glyph glyph);
   void setLamp(Zone lit);  // colour of the lamp of a two-state button while it is on
 
@@ -45,7 +46,7 @@ class StateButton : public Pressable {
   QString caption_;
   Glyph glyph_ = Glyph::None;
   Zone lit_ = Zone::Empty;
-  bool cut_ = false;
+  FittedText drawn_;
 };
 
 }  // namespace zephon

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include "window/accessible.h"
 #include "window/bindings.h"
 #include "window/colours.h"
 #include "window/glyph.h"
@@ -16,7 +17,9 @@ namespace {
 // A drawing in the text's size.
 class Mark : public QWidget {
  public:
-  Mark(Glyph glyph, QWidget* parent) : QWidget(parent), glyph_(glyph) {
+  Mark(Glyph glyph, const Word& meaning, QWidget* parent) : QWidget(parent), glyph_(glyph) {
+    giveRole(*this, QAccessible::Graphic);
+    nameBy(*this, meaning);
     const int side = fontMetrics().height() + 1;
     setFixedSize(side, side);
   }
@@ -37,11 +40,11 @@ void addLine(QVBoxLayout& lines, Label& element, Glyph glyph, const Word& meanin
   auto* row = new QHBoxLayout(line);
   row->setContentsMargins(0, 0, 0, 0);
   row->setSpacing(8);
-  row->addWidget(new Mark(glyph, line), 0, Qt::AlignTop);
+  row->addWidget(new Mark(glyph, meaning, line), 0, Qt::AlignTop);
   QLabel* text = draw(element, line);
   text->setWordWrap(true);
   text->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  whileSpoken(*text, [text, meaning] { text->setAccessibleDescription(say(meaning)); });
+  describeBy(*text, meaning);
   row->addWidget(text, 1);
   lines.addWidget(line);
   const auto show = [line, &element] { line->setVisible(element.visible() && !element.caption().empty()); };
@@ -52,6 +55,8 @@ void addLine(QVBoxLayout& lines, Label& element, Glyph glyph, const Word& meanin
 }  // namespace
 
 StatusLine::StatusLine(FrameElements& frame, QWidget* parent) : QWidget(parent) {
+  giveRole(*this, QAccessible::StatusBar);
+  nameBy(*this, words::kLinkState);
   auto* lines = new QVBoxLayout(this);
   lines->setContentsMargins(12, 6, 12, 5);
   lines->setSpacing(3);

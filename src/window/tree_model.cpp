@@ -4,8 +4,6 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPixmap>
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "window/bindings.h"
@@ -24,24 +22,6 @@ QIcon disc(const QColor& colour) {
   painter.setBrush(colour);
   painter.drawEllipse(QRectF(5, 5, kSide - 10, kSide - 10));
   return picture;
-}
-
-double luminance(const QColor& colour) {
-  const auto part = [](double c) { return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4); };
-  return 0.2126 * part(colour.redF()) + 0.7152 * part(colour.greenF()) + 0.0722 * part(colour.blueF());
-}
-
-// The colour, or as much of it as can be read as text on the tree's ground.
-QColor readable(const QColor& colour) {
-  const QPalette palette = QGuiApplication::palette();
-  const double ground = luminance(palette.color(QPalette::Active, QPalette::Base)) + 0.05;
-  QColor ink = colour;
-  for (int share = 0; share <= 10; ++share) {
-    ink = mixed(colour, palette.color(QPalette::Active, QPalette::Text), share / 10.0);
-    const double own = luminance(ink) + 0.05;
-    if (std::max(own, ground) / std::min(own, ground) >= 4.5) break;
-  }
-  return ink;
 }
 
 }  // namespace
@@ -80,12 +60,14 @@ QVariant TreeModel::data(const QModelIndex& index, int role) const {
   if (role == Qt::DisplayRole) return toQt(source_->text(node));
   const Colour colour = source_->colour(node);
   if (colour == kBlack) return {};
+  const QPalette palette = QGuiApplication::palette();
   if (role == Qt::DecorationRole) {
-    auto& made = discs_[colour];
-    if (made.isNull()) made = disc(fromColour(colour));
+    const QColor shape = shapeColour(colour, palette);
+    auto& made = discs_[shape.rgb()];
+    if (made.isNull()) made = disc(shape);
     return made;
   }
-  if (role == Qt::ForegroundRole) return readable(fromColour(colour));
+  if (role == Qt::ForegroundRole) return textColour(colour, palette);
   return {};
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QColor>
 #include <QIcon>
 #include <map>
 #include <memory>
@@ -28,7 +29,7 @@ class TreeModel : public QAbstractItemModel {
 
  private:
   std::shared_ptr<const TreeSource> source_;
-  mutable std::map<Colour, QIcon> discs_;
+  mutable std::map<QRgb, QIcon> discs_;
 };
 
 }  // namespace zephon

@@ -6,6 +6,7 @@
 #include <QSignalSpy>
 #include <vector>
 
+#include "window/colours.h"
 #include "window/fields.h"
 #include "window/meter.h"
 #include "window/reading.h"
@@ -219,7 +220,8 @@ TEST_F(Bindings, TheBarStacksItsShares) {
   auto* bar = find<RecordBar>(record);
   settle();
   // A share's pattern covers some of its pixels, so its own colour is looked for nearby.
-  const auto shows = [bar](double percent, const QColor& colour) {
+  const auto shows = [bar](double percent, Colour share) {
+    const QColor colour = shapeColour(share, bar->palette());
     const QImage picture = bar->grab().toImage();
     const int from = static_cast<int>(percent / 100 * picture.width());
     for (int x = from; x < from + 10; ++x)
@@ -227,10 +229,10 @@ TEST_F(Bindings, TheBarStacksItsShares) {
         if (picture.pixelColor(x, y) == colour) return true;
     return false;
   };
-  EXPECT_TRUE(shows(10, Qt::red));
-  EXPECT_TRUE(shows(40, Qt::blue));
-  EXPECT_TRUE(shows(60, Qt::green));
-  EXPECT_FALSE(shows(85, Qt::green));
+  EXPECT_TRUE(shows(10, 0x0000FF));
+  EXPECT_TRUE(shows(40, 0xFF0000));
+  EXPECT_TRUE(shows(60, 0x00FF00));
+  EXPECT_FALSE(shows(85, 0x00FF00));
 }
 
 TEST_F(Bindings, TheFocusComesBackToAControlThatWasAwayForAMoment) {

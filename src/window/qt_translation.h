@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace zephon {
+
+// From now on Qt's own words (the buttons of boxes, the file dialog, the names of keys) are those of the
+// language file's code, English where Qt has no catalogue of it installed.
+void translateQt(const std::string& language);
+
+}  // namespace zephon
