@@ -6,6 +6,7 @@
 #include "display/chart_series.h"
 #include "display/chart_table.h"
 #include "display/log_views.h"
+#include "protocol/firmware_gates.h"
 
 namespace zephon {
 namespace {
@@ -65,7 +66,7 @@ bool cursorsAreDue(const Graph& graph) {
 }  // namespace
 
 bool measuresNeutralGround(const Link& link) {
-  return link.modelLine == 0 || (link.firmwareVersion >= "2.00" && link.nominalVolts == 120);
+  return recordsNeutralGround(kindOf(link));
 }
 
 void showLiveChart(Main& main) {

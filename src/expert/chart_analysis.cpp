@@ -4,6 +4,7 @@
 
 #include "expert/questions.h"
 #include "expert/trend_statistics.h"
+#include "protocol/firmware_gates.h"
 #include "text/picture.h"
 
 namespace zephon {
@@ -42,7 +43,7 @@ bool isFirstLine(const LoggedDevice& device) {
 }
 
 bool measuresNeutral(const LoggedDevice& device) {
-  return device.nominalVolts == 120 && (isFirstLine(device) || device.firmwareVersion >= "2.00");
+  return judgesNeutralGround({device.modelLine, device.firmwareVersion, device.nominalVolts});
 }
 
 Rule onFirstLine(Rule rule) {

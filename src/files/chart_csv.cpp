@@ -4,6 +4,7 @@
 #include "files/csv_write.h"
 #include "protocol/day_serial.h"
 #include "protocol/event_codes.h"
+#include "protocol/firmware_gates.h"
 #include "text/fixed_point.h"
 
 namespace zephon {
@@ -32,7 +33,7 @@ using Layout = std::span<const Quantity>;
 
 Layout layoutToWrite(const FileStamp& stamp, FileKind kind) {
   if (stamp.modelLine != 1 || kind == FileKind::InternalChart) return kAll;
-  const bool both = stamp.firmwareVersion >= "2.00" && stamp.nominalVolts == 120;
+  const bool both = recordsNeutralGround({stamp.modelLine, stamp.firmwareVersion, stamp.nominalVolts});
   return Layout(kTwoVoltages).first(both ? 2 : 1);
 }
 

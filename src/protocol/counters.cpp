@@ -5,13 +5,12 @@
 #include <string>
 
 #include "protocol/exchange.h"
+#include "protocol/firmware_gates.h"
 #include "protocol/stay.h"
 #include "text/number.h"
 
 namespace zephon {
 namespace {
-
-constexpr char kFirstWithOverloads[] = "1.GB0";
 
 using C = Counters;
 using E = MeasurementElements;
@@ -71,7 +70,7 @@ constinit const std::array<CountClass, 7> kCountClasses = {
 
 bool isCounted(const Link& link, const CountClass& one) {
   if (link.modelLine == 1) return one.inImage;
-  return one.count != &C::olCount || link.firmwareVersion >= kFirstWithOverloads;
+  return one.count != &C::olCount || countsOverloads(kindOf(link));
 }
 
 StackedShares stackedShares(const Counters& counters, std::int16_t modelLine) {

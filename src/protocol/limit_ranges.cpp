@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "protocol/limit_registers.h"
+#include "protocol/firmware_gates.h"
 
 namespace zephon {
 namespace {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "protocol/firmware_gates.h"
 #include "text/number.h"
 
 namespace zephon {
@@ -13,10 +14,6 @@ constexpr std::int16_t kLowRestoreFloor = 110;
 constexpr std::int16_t kRestoreCeiling = 110;
 
 }  // namespace
-
-bool hasHighOverVoltageFloor(std::string_view firmware) {
-  return firmware == "1.JD1" || firmware < "1.JB3";
-}
 
 std::optional<std::int16_t> limitOfRegister(std::int32_t raw, std::int16_t nominalVolts) {
   return toInt16(raw * (nominalVolts / kBasisVolts));

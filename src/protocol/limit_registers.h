@@ -11,10 +11,6 @@ namespace zephon {
 // The first line has a register of one byte for each limit, always on the 120 V basis; the overload record
 // point is amps and never scaled.
 
-// True for the firmware whose over voltage limits start at 130 on the 120 V basis: "1.JD1" and everything
-// before "1.JB3". Later firmware goes down to 110.
-bool hasHighOverVoltageFloor(std::string_view firmware);
-
 // A register's volts at the line's real scale, ties to even. Nothing outside 16 bits.
 std::optional<std::int16_t> limitOfRegister(std::int32_t raw, std::int16_t nominalVolts);
 

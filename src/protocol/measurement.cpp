@@ -8,6 +8,7 @@
 #include "protocol/encodings.h"
 #include "protocol/energy.h"
 #include "protocol/exchange.h"
+#include "protocol/firmware_gates.h"
 #include "protocol/measurement_show.h"
 #include "protocol/outlets.h"
 #include "protocol/pic_import.h"
@@ -105,14 +106,12 @@ bool readLineGround(Main& main, const Stay& stay) {
   return true;
 }
 
-// Devices for 208/240 V have no neutral to measure.
 bool readNeutralGround(Main& main, const Stay& stay) {
   if (!isOn(main, MeterId::Vng)) {
     showUnit(main, meterOf(MeterId::Vng));
     return true;
   }
-  const bool has240Mark = main.link.firmwareVersion.find('*') != std::string::npos;
-  if (has240Mark || main.link.nominalVolts != 120) return true;
+  if (!pollsNeutralGround(kindOf(main.link))) return true;
   return getVNGtr(main) && stay.wait(50);
 }
 

@@ -9,10 +9,10 @@
 #include "protocol/advice_text.h"
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
+#include "protocol/firmware_gates.h"
 #include "protocol/identity.h"
 #include "shell/visit.h"
 #include "text/number.h"
-#include "text/strings.h"
 
 namespace zephon {
 namespace {
@@ -86,7 +86,7 @@ void fitAxes(Main& main) {
 
 // The first line tells its rating; the second one by a mark in its version text.
 bool readRating(Main& main) {
-  std::int32_t rating = main.link.firmwareVersion.find('*') == std::string::npos ? 120 : 240;
+  std::int32_t rating = hasHighRatingMark(main.link.firmwareVersion) ? 240 : 120;
   if (main.link.modelLine == 0) rating = getDecimal(main, orvantis::kRating);
   if (rating == -1) return false;
   main.link.nominalVolts = static_cast<std::int16_t>(rating);
@@ -95,17 +95,10 @@ bool readRating(Main& main) {
   return true;
 }
 
-// Later devices of the second line for 208/240 V know how they are wired.
-bool knowsWiring(const Link& link) {
-  const std::string& version = link.firmwareVersion;
-  return numberAtStart(version.substr(0, 1)) >= 1 && numberAtStart(lastOf(version, 2)) >= 14 &&
-         link.nominalVolts == 240 && link.modelLine == 1;
-}
-
 bool identify(Main& main) {
   main.link.yOrCTflag = false;  // only a device that knows its wiring sets it
   if (!getChipID(main) || !getUserID(main) || !readRating(main)) return false;
-  return !knowsWiring(main.link) || getYorCT(main) != 0;
+  return !tellsWiring(kindOf(main.link)) || getYorCT(main) != 0;
 }
 
 void closeLink(Main& main) {

@@ -8,6 +8,7 @@
 #include "protocol/day_serial.h"
 #include "protocol/dict_text.h"
 #include "protocol/event_codes.h"
+#include "protocol/firmware_gates.h"
 #include "text/date_picture.h"
 #include "text/picture.h"
 #include "text/windows1252.h"
@@ -59,11 +60,9 @@ constexpr Quantity kSecondLine[] = {kVoltage, kNeutralGround};
 constexpr std::size_t kKeyEnergy = 131;
 constexpr char kEnergyPicture[] = "###0.0000";
 
-// Only the second line's newer devices for 120 V have a neutral to measure.
 std::span<const Quantity> quantitiesOf(const Link& link) {
   if (link.modelLine == 0) return kFirstLine;
-  const bool hasNeutral = link.firmwareVersion >= "2.00" && link.nominalVolts == 120;
-  return std::span(kSecondLine).first(hasNeutral ? 2 : 1);
+  return std::span(kSecondLine).first(recordsNeutralGround(kindOf(link)) ? 2 : 1);
 }
 
 std::string nameOf(const Main& main, const Quantity& one) {

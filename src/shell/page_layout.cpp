@@ -7,7 +7,7 @@
 #include "display/scope_page.h"
 #include "display/unsaved_chart.h"
 #include "logs/shown_log.h"
-#include "shell/firmware_gates.h"
+#include "protocol/firmware_gates.h"
 
 namespace zephon {
 namespace {
@@ -132,7 +132,7 @@ void pageLayout(Main& main) {
   hideFindings(main);  // they are of the page that is left
   hideEveryPageBut(main, flagThatIsSet(main.pages));
   main.frame.ScopeBtn.setEnabled(main.link.modelLine == 0);
-  const FirmwareGates gates = firmwareGates(main.link);
+  const FirmwareGates gates = firmwareGates(kindOf(main.link));
   const Pages& pages = main.pages;
   if (pages.scopeOn || pages.chartOn) main.timers.Timer3.setEnabled(false);
   if (pages.scopeOn) layScopePage(main);
