@@ -198,7 +198,7 @@ int main() {
   const std::string historyRaw = historyBytes();
   const std::string chartRaw = chartBytes();
   const auto history = decodeHistoryFrame(historyRaw, 120, offset).value();
-  const auto chart = decodeChartMemory(chartRaw, offset).rows;
+  const auto chart = decodeChartMemory(chartRaw, offset);
   const std::string historyText = historyCsv(stamp, history, dict);
   const std::string chartText = chartCsv(stamp, chart, FileKind::InternalChart, dict);
   put(folder.path() + "/history.bin", historyRaw);

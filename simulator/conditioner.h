@@ -43,7 +43,6 @@ class Conditioner : public LinePeer {
   // Ends all faults and restores a dead line.
   void clearFaults();
   // A dead line hears and says nothing.
-  bool lineDead() const { return lineDead_; }
   void cutLine();
   void restoreLine() { lineDead_ = false; }
 

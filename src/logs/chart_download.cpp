@@ -92,8 +92,7 @@ bool ChartDownload::build(std::string stream) {
   shown_.showWork(kKeyBuilding);
   if (!pause(kBuildingMs)) return false;
   main_.logs.rawLogBuffer = std::move(stream);
-  ChartLog log = decodeChartMemory(main_.logs.rawLogBuffer, utcOffset(main_.around.clock.now()));
-  main_.logs.chartData = std::move(log.rows);
+  main_.logs.chartData = decodeChartMemory(main_.logs.rawLogBuffer, utcOffset(main_.around.clock.now()));
   if (!main_.logs.chartData.empty()) main_.logs.shown = ShownLog::Chart;
   return true;
 }

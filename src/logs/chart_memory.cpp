@@ -114,63 +114,60 @@ std::optional<double> timeOfMark(std::string_view mark, UtcOffset offset) {
 class ChartParser {
  public:
   ChartParser(std::string_view stream, UtcOffset offset) : rest_(stream), offset_(offset) {
-    log_.rows.reserve(stream.size() / kSampleBytes + 2);
+    rows_.reserve(stream.size() / kSampleBytes + 2);
   }
 
-  ChartLog parse() {
-    std::optional<ChartEnd> end;
-    while (!end) end = takeBlock();
-    log_.end = *end;
-    return std::move(log_);
+  LogTable<9> parse() {
+    while (takeBlock()) continue;
+    return std::move(rows_);
   }
 
  private:
-  // Each says why the stream ends with the block, if it does.
-  std::optional<ChartEnd> takeBlock();
-  std::optional<ChartEnd> takeMark(bool powerBack);
-  std::optional<ChartEnd> takeSample();
+  // False where the recording ends.
+  bool takeBlock();
+  bool takeMark(bool powerBack);
+  bool takeSample();
 
   void repeatLast(double secondsOn) {
     last_[0] = currentTime_ + secondsOn / kDaySeconds;
-    log_.rows.push_back(last_);
+    rows_.push_back(last_);
   }
 
   std::string_view rest_;
   UtcOffset offset_;
   double currentTime_ = 0;
   ChartRow last_{};  // the last sample's values
-  ChartLog log_;
+  LogTable<9> rows_;
 };
 
-std::optional<ChartEnd> ChartParser::takeBlock() {
-  if (rest_.size() < 3) return ChartEnd::Cut;
+bool ChartParser::takeBlock() {
+  if (rest_.size() < 3) return false;
   const std::string_view name = rest_.substr(0, 3);
-  if (name == "END") return ChartEnd::EndMark;
-  if (name == kBlank) return ChartEnd::Blank;
+  if (name == "END" || name == kBlank) return false;
   return isMark(name) ? takeMark(name == "PWR") : takeSample();
 }
 
-std::optional<ChartEnd> ChartParser::takeMark(bool powerBack) {
-  if (rest_.size() < kMarkBytes) return ChartEnd::Cut;
+bool ChartParser::takeMark(bool powerBack) {
+  if (rest_.size() < kMarkBytes) return false;
   const std::optional<double> time = timeOfMark(rest_, offset_);
-  if (!time) return ChartEnd::BadDate;
+  if (!time) return false;
   if (powerBack) repeatLast(1);
   currentTime_ = *time;
   if (powerBack) repeatLast(9);
   rest_.remove_prefix(kMarkBytes);
-  return {};
+  return true;
 }
 
-std::optional<ChartEnd> ChartParser::takeSample() {
-  if (rest_.size() < kSampleBytes) return ChartEnd::Cut;
+bool ChartParser::takeSample() {
+  if (rest_.size() < kSampleBytes) return false;
   const std::string_view sample = rest_.substr(0, kSampleBytes);
-  if (hasBlank(sample)) return ChartEnd::Blank;
+  if (hasBlank(sample)) return false;
   currentTime_ += 10 / kDaySeconds;
   last_[0] = currentTime_;
   decodeSample(sample, last_);
-  log_.rows.push_back(last_);
+  rows_.push_back(last_);
   rest_.remove_prefix(kSampleBytes);
-  return {};
+  return true;
 }
 
 }  // namespace
@@ -191,7 +188,7 @@ bool chartMemoryEnds(std::string_view stream) {
   return std::all_of(tail.begin(), tail.end(), [](char c) { return c == kBlank[0]; });
 }
 
-ChartLog decodeChartMemory(std::string_view stream, UtcOffset offset) {
+LogTable<9> decodeChartMemory(std::string_view stream, UtcOffset offset) {
   return ChartParser(stream, offset).parse();
 }
 

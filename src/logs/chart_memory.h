@@ -33,20 +33,8 @@ ChartMemory chartMemoryOf(std::string_view firstReply);
 // The last 20 bytes of what has been read are all 0xFF: the memory behind it is empty.
 bool chartMemoryEnds(std::string_view stream);
 
-// Why the rows of a stream end where they do.
-enum class ChartEnd {
-  EndMark,  // "END"
-  Blank,    // three 0xFF bytes, at the start of a block or within a sample
-  Cut,      // the stream ends without a mark, or in the middle of a block
-  BadDate,  // a mark has no date that local time could be told from
-};
-
-struct ChartLog {
-  LogTable<9> rows;
-  ChartEnd end = ChartEnd::Cut;
-};
-
-// The rows of the joined pages. Blocks follow each other without gaps:
+// The rows of the joined pages, up to "END", three 0xFF bytes on end (at the start of a block or within a
+// sample), a mark whose date is none, or the end of the stream. Blocks follow each other without gaps:
 //   mark, 9 bytes
 //     0-2    "STR" started, "CDF" clock changed, "PWR" power came back
 //     3-8    hour, minute, second, month, day, year since 2000, in universal time, as their hex digits stand
@@ -63,6 +51,6 @@ struct ChartLog {
 //     16-19  energy, 8.24 bits, in units of 232 kWh, 4 decimals
 // Signed fields are in ones' complement. A gap in power becomes two rows that repeat the last sample, one
 // second after it and nine seconds after the power came back, so that a chart shows a step and no slant.
-ChartLog decodeChartMemory(std::string_view stream, UtcOffset offset);
+LogTable<9> decodeChartMemory(std::string_view stream, UtcOffset offset);
 
 }  // namespace zephon

@@ -5,7 +5,6 @@
 namespace zephon {
 namespace {
 
-// The text of the year is "20" and the number without leading zeros: nine gives the year 209.
 int yearOf(std::uint8_t byte) {
   const int number = bcdByte(byte);
   return number < 10 ? 200 + number : 2000 + number;

@@ -7,8 +7,9 @@
 
 namespace zephon {
 
-// The local dates of a log's records, the quick way: localTimeString of bcdDateText, as numbers. Records of
-// one day follow each other, so the calendar is asked once a day.
+// The local dates of a log's records. Each byte is BCD; the year is "20" and its number without leading zeros,
+// so that 0x09 is the year 209 and 0xFF the year 200. Fields out of range carry as in localTimeString. Records
+// of one day follow each other, so the calendar is asked once a day.
 class LocalClock {
  public:
   explicit LocalClock(UtcOffset offset) : offsetSeconds_(nearestSeconds(offset.days)) {}

@@ -202,38 +202,7 @@ void MemoryLine::said(LinePeer* peer, std::string_view bytes, int baud) {
   const auto found = std::find_if(openPorts_.begin(), openPorts_.end(), listens);
   if (found == openPorts_.end()) return;
   OpenPort& port = found->second;
-  std::string sent = throughFaults(bytes);
-  if (delay_ == Instant{0} && port.late == 0) {
-    arrive(found->first, sent, baud);
-    return;
-  }
-  port.lastArrival = std::max(loop_.now() + delay_, port.lastArrival);
-  ++port.late;
-  loop_.callAt(port.lastArrival,
-               [self = std::weak_ptr(self_), handle = found->first, late = std::move(sent), baud] {
-                 const auto line = self.lock();
-                 if (!line || !(*line)->openPorts_.contains(handle)) return;
-                 --(*line)->openPorts_.at(handle).late;
-                 (*line)->arrive(handle, late, baud);
-               });
-}
-
-void MemoryLine::arrive(SerialHandle handle, std::string_view bytes, int baud) {
-  OpenPort& port = openPorts_.at(handle);
-  if (port.peer && port.state.baud == baud) port.queue.insert(port.queue.end(), bytes.begin(), bytes.end());
-}
-
-std::string MemoryLine::throughFaults(std::string_view bytes) {
-  const auto dropped = std::min(static_cast<std::size_t>(drop_), bytes.size());
-  drop_ -= static_cast<int>(dropped);
-  bytes.remove_prefix(dropped);
-  std::string arriving;
-  for (const char byte : bytes) {
-    arriving += byte;
-    if (double_ > 0) arriving += byte;
-    double_ = std::max(double_ - 1, 0);
-  }
-  return arriving;
+  if (port.state.baud == baud) port.queue.insert(port.queue.end(), bytes.begin(), bytes.end());
 }
 
 }  // namespace zephon

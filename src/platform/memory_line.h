@@ -16,8 +16,8 @@ namespace zephon {
 // Serial ports without a cable: whatever is written to a port is heard by the peer attached to it, and what
 // the peer says waits in the port's receive queue. A port without a peer does not exist (ENOENT).
 //
-// Everything that can go wrong on a real port can be ordered here: a call that fails, a write that stays
-// short, bytes that get lost, come late or twice, a cable that is pulled.
+// What can go wrong at a real port can be ordered here: a call that fails, a write that stays short, a cable
+// that is pulled. Bytes that get lost or come late are for the peer to leave out or to hold back.
 class MemoryLine : public SerialDevice {
  public:
   enum class Call {
@@ -58,11 +58,6 @@ class MemoryLine : public SerialDevice {
   void failNext(Call call, int error, int times = 1);
   // The next write takes only `count` bytes and succeeds.
   void shortenNextWrite(std::uint32_t count) { shortWrite_ = static_cast<int>(count); }
-  // The next `count` bytes that a peer says are lost, or arrive twice in a row.
-  void dropNext(int count) { drop_ = count; }
-  void doubleNext(int count) { double_ = count; }
-  // From now on bytes arrive so much later than they were said, in order. A purge does not catch them.
-  void delayArrivals(double milliseconds) { delay_ = fromMillis(milliseconds); }
   // Error flags that the next clearError reports and clears.
   void raiseFlags(std::uint32_t flags) { flags_ |= flags; }
 
@@ -100,8 +95,6 @@ class MemoryLine : public SerialDevice {
     LineState state{9600};
     ModemLines lines{};
     std::deque<char> queue{};
-    Instant lastArrival{0};
-    int late = 0;  // deliveries still on their way
   };
 
   bool fail(int error);
@@ -112,8 +105,6 @@ class MemoryLine : public SerialDevice {
   const OpenPort* openPort(int comNumber) const;
   void unplug(int comNumber);
   void said(LinePeer* peer, std::string_view bytes, int baud);
-  void arrive(SerialHandle handle, std::string_view bytes, int baud);
-  std::string throughFaults(std::string_view bytes);
 
   EventLoop& loop_;
   std::map<int, LinePeer*> peers_;
@@ -123,14 +114,11 @@ class MemoryLine : public SerialDevice {
   SerialHandle lastHandle_ = 0;
   int lastError_ = 0;
   int shortWrite_ = -1;
-  int drop_ = 0;
-  int double_ = 0;
-  Instant delay_{0};
   std::uint32_t flags_ = 0;
   int opens_ = 0;
   int closes_ = 0;
   int strayCalls_ = 0;
-  // What peers and timed calls ask before they touch this line: it may be gone.
+  // What peers ask before they touch this line: it may be gone.
   std::shared_ptr<MemoryLine*> self_ = std::make_shared<MemoryLine*>(this);
 };
 

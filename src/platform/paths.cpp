@@ -90,9 +90,6 @@ std::string configFolder() {
 std::string stateFolder() {
   return ownFolder(userFolder("XDG_STATE_HOME", "/.local/state"));
 }
-std::string dataFolder() {
-  return ownFolder(userFolder("XDG_DATA_HOME", "/.local/share"));
-}
 
 std::string desktopFolder() {
   std::string named;

@@ -13,12 +13,11 @@ std::string programFolder();
 // lies in a "bin", that is share/zephon beside it; otherwise it is the program's own folder.
 std::string resourceFolder(const std::string& program);
 
-// The user's own folders for this program, which need not exist yet: $XDG_CONFIG_HOME, $XDG_STATE_HOME and
-// $XDG_DATA_HOME, or where those name no absolute path ~/.config, ~/.local/state and ~/.local/share; then
-// "/zephon". Empty for a user without a home.
+// The user's own folders for this program, which need not exist yet: $XDG_CONFIG_HOME and $XDG_STATE_HOME, or
+// where those name no absolute path ~/.config and ~/.local/state; then "/zephon". Empty for a user without a
+// home.
 std::string configFolder();
 std::string stateFolder();
-std::string dataFolder();
 
 // The user's desktop: the one that user-dirs.dirs among the configuration names, or ~/Desktop. Only one that
 // stands; otherwise empty.

@@ -79,11 +79,6 @@ std::string deviceDateText(const sysTimeRecord& time) {
                  padded(time.year, 4)});
 }
 
-std::string bcdDateText(const DeviceDateBytes& bytes) {
-  return joined({two(bcdByte(bytes.hour)), two(bcdByte(bytes.minute)), two(bcdByte(bytes.second)),
-                 two(bcdByte(bytes.month)), two(bcdByte(bytes.day)), "20" + padded(bcdByte(bytes.year), 1)});
-}
-
 std::string hexDateText(const DeviceDateBytes& bytes) {
   return joined({hexByte(bytes.hour), hexByte(bytes.minute), hexByte(bytes.second), hexByte(bytes.month),
                  hexByte(bytes.day), "20" + hexByte(bytes.year)});

@@ -43,10 +43,6 @@ struct DeviceDateBytes {
   std::uint8_t year = 0;
 };
 
-// The text of a log record's date: each byte as BCD with two digits, the year "20" and its number without
-// leading zeros, so that year 0x09 gives "209" and 0xFF gives "200".
-std::string bcdDateText(const DeviceDateBytes& bytes);
-
 // The text of a chart memory mark's date: each byte as its two hex digits, the year with "20" in front.
 std::string hexDateText(const DeviceDateBytes& bytes);
 

@@ -8,20 +8,20 @@ namespace {
 constexpr int kEnd = 128;
 
 constexpr std::array<EventCode, 14> kEventCodes = {{
-    {1, 64, EventClass::PowerOutage},
-    {2, 63, EventClass::UnderVoltageShutdown},
-    {4, 62, EventClass::UnderVoltageRecord},
-    {8, 61, EventClass::OverVoltageRecord},
-    {16, 60, EventClass::OverVoltageShutdown},
-    {32, 59, EventClass::Surge},
-    {64, 65, EventClass::CurrentOverload},
-    {kEnd + 1, 113, EventClass::PowerOutage},
-    {kEnd + 2, 114, EventClass::UnderVoltageShutdown},
-    {kEnd + 4, 115, EventClass::UnderVoltageRecord},
-    {kEnd + 8, 116, EventClass::OverVoltageRecord},
-    {kEnd + 16, 117, EventClass::OverVoltageShutdown},
-    {kEnd + 32, 118, EventClass::Surge},
-    {kEnd + 64, 119, EventClass::CurrentOverload},
+    {1, 64},
+    {2, 63},
+    {4, 62},
+    {8, 61},
+    {16, 60},
+    {32, 59},
+    {64, 65},
+    {kEnd + 1, 113},
+    {kEnd + 2, 114},
+    {kEnd + 4, 115},
+    {kEnd + 8, 116},
+    {kEnd + 16, 117},
+    {kEnd + 32, 118},
+    {kEnd + 64, 119},
 }};
 
 constexpr int kMonthKey = 100;  // of the month before January

@@ -7,23 +7,11 @@
 
 namespace zephon {
 
-// The classes of the legend on the log page.
-enum class EventClass {
-  PowerOutage,
-  UnderVoltageShutdown,
-  UnderVoltageRecord,
-  OverVoltageRecord,
-  OverVoltageShutdown,
-  Surge,
-  CurrentOverload,
-};
-
 // A one-byte event code of the device: one of the low seven bits names the class, and bit 7 on top of it the
 // end of that condition.
 struct EventCode {
   int code = 0;
   int key = 0;  // of its text in the dictionary
-  EventClass legend = EventClass::PowerOutage;
 };
 
 // All codes there are, in the order in which a text is compared with theirs.

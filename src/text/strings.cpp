@@ -41,12 +41,6 @@ std::size_t findIgnoringCase(std::string_view text, std::string_view what) {
   return static_cast<std::size_t>(hit - text.begin());
 }
 
-std::string upperCase(std::string_view text) {
-  std::string result(text);
-  std::transform(result.begin(), result.end(), result.begin(), upperLetter);
-  return result;
-}
-
 std::string_view lastOf(std::string_view text, std::size_t count) {
   return text.substr(text.size() - std::min(count, text.size()));
 }

@@ -16,7 +16,6 @@ std::vector<std::string> split(std::string_view text, char separator);
 std::string_view trimmed(std::string_view text);                             // without blanks at both ends
 bool equalIgnoringCase(std::string_view a, std::string_view b);              // ASCII letters
 std::size_t findIgnoringCase(std::string_view text, std::string_view what);  // npos without a hit
-std::string upperCase(std::string_view text);                                // ASCII letters
 // The last `count` characters, or all of them when there are fewer.
 std::string_view lastOf(std::string_view text, std::size_t count);
 // `count` characters from `offset` (from 0) on: fewer, or none, where the text is shorter.

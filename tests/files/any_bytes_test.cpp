@@ -46,7 +46,7 @@ std::vector<Target> targets() {
   const auto& dict = dictionary();
   const auto eventRows = *decodeEventFrame(events, 120, kWest);
   const auto historyRows = *decodeHistoryFrame(history, 120, kWest);
-  const auto chartRows = decodeChartMemory(chart, kWest).rows;
+  const auto chartRows = decodeChartMemory(chart, kWest);
   return {
       {"event frame", eventFrameTarget, events.substr(0, 200), 1500},
       {"history frame", historyFrameTarget, history.substr(0, 300), 300},

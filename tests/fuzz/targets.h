@@ -115,9 +115,9 @@ inline void historyFrameTarget(std::string_view bytes) {
 }
 
 inline void chartStreamTarget(std::string_view bytes) {
-  const ChartLog log = decodeChartMemory(bytes, kWest);
-  require(log.rows.size() <= bytes.size() / 4, "no more rows than blocks");
-  requireChart(log.rows);
+  const LogTable<9> log = decodeChartMemory(bytes, kWest);
+  require(log.size() <= bytes.size() / 4, "no more rows than blocks");
+  requireChart(log);
 }
 
 // The file as it is, and the same bytes as rows behind a head that is right.

@@ -18,10 +18,9 @@ constexpr double kSecond = 1 / 86400.0;
 const CalendarTime kNoon{2013, 5, 1, 10, 0, 0};  // 12:00:00 two hours east
 constexpr double kNoonSerial = 41395.5;
 
-std::vector<double> times(const ChartLog& log) {
+std::vector<double> times(const LogTable<9>& log) {
   std::vector<double> seconds;
-  for (const auto& row : log.rows)
-    seconds.push_back(std::round((row[0] - kNoonSerial) * 86400 * 1000) / 1000);
+  for (const auto& row : log) seconds.push_back(std::round((row[0] - kNoonSerial) * 86400 * 1000) / 1000);
   return seconds;
 }
 
@@ -40,10 +39,9 @@ TEST(ChartMemory, checksPages) {
 }
 
 TEST(ChartMemory, decodesASample) {
-  const ChartLog log = decodeChartMemory(chartMark("STR", kNoon) + chartSample() + "END", kTwoEast);
+  const LogTable<9> log = decodeChartMemory(chartMark("STR", kNoon) + chartSample() + "END", kTwoEast);
   const LogTable<9> expected = {{kNoonSerial + 10 * kSecond, 120.5, 1.5, -4, 0.25, 60, -0.5, 1.414, 232}};
-  EXPECT_EQ(log.rows, expected);
-  EXPECT_EQ(log.end, ChartEnd::EndMark);
+  EXPECT_EQ(log, expected);
 }
 
 // A sample's columns 1 to 8 decoded the long way, through texts.
@@ -78,43 +76,40 @@ TEST(ChartMemory, agreesWithTheLongWayOnAnySample) {
     expected.push_back(slowSample(block));
     stream += block;
   }
-  const ChartLog log = decodeChartMemory(stream, kTwoEast);
-  ASSERT_EQ(log.rows.size(), expected.size());
+  const LogTable<9> log = decodeChartMemory(stream, kTwoEast);
+  ASSERT_EQ(log.size(), expected.size());
   for (std::size_t r = 0; r < expected.size(); ++r)
-    ASSERT_TRUE(std::equal(expected[r].begin(), expected[r].end(), log.rows[r].begin() + 1)) << r;
+    ASSERT_TRUE(std::equal(expected[r].begin(), expected[r].end(), log[r].begin() + 1)) << r;
 }
 
 TEST(ChartMemory, showsAGapInPowerAsAStep) {
   const std::string sample = chartSample();
   const std::string later = chartSample(100 * 128);
   const CalendarTime back{2013, 5, 1, 10, 30, 0};
-  const ChartLog log = decodeChartMemory(chartMark("STR", kNoon) + sample + chartMark("PWR", back) + later +
-                                             chartMark("CDF", {2013, 5, 1, 9, 0, 0}) + later + "END",
-                                         kTwoEast);
+  const LogTable<9> log =
+      decodeChartMemory(chartMark("STR", kNoon) + sample + chartMark("PWR", back) + later +
+                            chartMark("CDF", {2013, 5, 1, 9, 0, 0}) + later + "END",
+                        kTwoEast);
   EXPECT_EQ(times(log), (std::vector<double>{10, 11, 1809, 1810, -3590}));
   const double volts[] = {120.5, 120.5, 120.5, 100, 100};
-  for (std::size_t r = 0; r < 5; ++r) EXPECT_EQ(log.rows[r][1], volts[r]);
-  const ChartLog first = decodeChartMemory(chartMark("PWR", kNoon), kTwoEast);
+  for (std::size_t r = 0; r < 5; ++r) EXPECT_EQ(log[r][1], volts[r]);
+  const LogTable<9> first = decodeChartMemory(chartMark("PWR", kNoon), kTwoEast);
   const LogTable<9> zeros = {{kSecond}, {kNoonSerial + 9 * kSecond}};
-  EXPECT_EQ(first.rows, zeros);
+  EXPECT_EQ(first, zeros);
 }
 
 TEST(ChartMemory, endsWhereItMust) {
   const std::string start = chartMark("STR", kNoon) + chartSample();
-  const std::pair<std::string, ChartEnd> rows[] = {{"END" + chartSample(), ChartEnd::EndMark},
-                                                   {"\xFF\xFF\xFF" + chartSample(), ChartEnd::Blank},
-                                                   {"STR" + std::string(6, '\xF0'), ChartEnd::BadDate}};
-  for (const auto& [tail, end] : rows) {
-    const ChartLog log = decodeChartMemory(start + tail, kTwoEast);
-    EXPECT_EQ(log.rows.size(), 1u) << tail;
-    EXPECT_EQ(log.end, end) << tail;
-  }
+  const std::string tails[] = {"END" + chartSample(), "\xFF\xFF\xFF" + chartSample(),
+                               "STR" + std::string(6, '\xF0') + chartSample()};
+  for (const std::string& tail : tails)
+    EXPECT_EQ(decodeChartMemory(start + tail, kTwoEast).size(), 1u) << tail;
   for (std::size_t place = 0; place <= 17; ++place) {
     std::string sample = chartSample();
     sample.replace(place, 3, "\xFF\xFF\xFF");
-    EXPECT_EQ(decodeChartMemory(start + sample + chartSample(), kTwoEast).rows.size(), 1u) << place;
+    EXPECT_EQ(decodeChartMemory(start + sample + chartSample(), kTwoEast).size(), 1u) << place;
     sample[place + 1] = '\0';
-    EXPECT_EQ(decodeChartMemory(start + sample + chartSample(), kTwoEast).rows.size(), 3u) << place;
+    EXPECT_EQ(decodeChartMemory(start + sample + chartSample(), kTwoEast).size(), 3u) << place;
   }
 }
 
@@ -123,9 +118,8 @@ TEST(ChartMemory, keepsTheRowsBeforeACut) {
                              chartMark("PWR", kNoon) + chartSample() + "END";
   for (std::size_t cut = 0; cut <= stream.size(); ++cut) {
     const std::size_t rows = cut >= 78 ? 5 : cut >= 58 ? 4 : cut >= 49 ? 2 : cut >= 29 ? 1 : 0;
-    const ChartLog log = decodeChartMemory(std::string_view(stream).substr(0, cut), kTwoEast);
-    EXPECT_EQ(log.rows.size(), rows) << cut;
-    EXPECT_EQ(log.end, cut == stream.size() ? ChartEnd::EndMark : ChartEnd::Cut) << cut;
+    const LogTable<9> log = decodeChartMemory(std::string_view(stream).substr(0, cut), kTwoEast);
+    EXPECT_EQ(log.size(), rows) << cut;
   }
 }
 

@@ -71,7 +71,7 @@ TEST_P(Download, BringsTheDevicesBytesAndTheirRowsAndShowsItsProgress) {
   const std::string& raw = logs.rawLogBuffer;
   EXPECT_TRUE(logs.tsData == decodeEventFrame(raw, 120, offset).value_or(LogTable<8>()));
   EXPECT_TRUE(logs.histData == decodeHistoryFrame(raw, 120, offset).value_or(LogTable<12>()));
-  EXPECT_TRUE(!chart() || logs.chartData == decodeChartMemory(raw, offset).rows);
+  EXPECT_TRUE(!chart() || logs.chartData == decodeChartMemory(raw, offset));
   EXPECT_GT(logs.tsData.size() + logs.histData.size() + logs.chartData.size(), 100U);
   EXPECT_EQ(world.main.data.TreeView1.visible() && world.main.frame.saveBtn.visible(), !chart());
   EXPECT_EQ(world.main.data.PavgHistBtn.visible(), history());
