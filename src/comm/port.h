@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+
 #include "form/link.h"
 #include "platform/event_loop.h"
 #include "platform/serial_device.h"
@@ -12,5 +14,10 @@ struct Port {
   SerialDevice& serial;
   EventLoop& loop;
 };
+
+// What the link's port is called: "COM3".
+inline std::string portName(const Link& link) {
+  return "COM" + std::to_string(link.commPort);
+}
 
 }  // namespace zephon

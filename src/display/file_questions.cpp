@@ -19,7 +19,7 @@ bool mayReplace(Main& main, const std::string& path) {
                                       dictText(main, kKeySave));
 }
 
-void tellSaveFailure(Main& main, const std::string& reason) {
+void saveErrorSub(Main& main, const std::string& reason) {
   main.around.dialogs.message(dictText(main, kKeySaveFailed), reason);
 }
 

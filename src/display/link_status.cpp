@@ -3,6 +3,7 @@
 #include "comm/mod_comm.h"
 #include "protocol/advice_text.h"
 #include "protocol/dict_text.h"
+#include "protocol/model_names.h"
 
 namespace zephon {
 namespace {
@@ -18,7 +19,7 @@ void show(Main& main, const std::string& state, const std::string& advice) {
 
 std::string device(const Main& main) {
   const Link& link = main.link;
-  const std::string model = link.modelLine == 0 ? "Orvantis PCS" : "Tessara PCS";
+  const std::string model = productName(link.modelLine);
   const std::string volts = link.nominalVolts > 120 ? "208/240 V" : "120 V";
   return model + "  " + volts + "  " + dictText(main, words::kFirmware) + ' ' + link.firmwareVersion + "  " +
          dictText(main, words::kChip) + ' ' + link.chipID + "  ID " + link.userID;
@@ -55,7 +56,7 @@ LostLink lostLink(const Main& main, ExchangeFailure why) {
   if (why == ExchangeFailure::Closed && main.link.table.lastCommError.code > 0) {
     LostLink lost;
     const std::int32_t code = CommGetError(main.link.table, lost.state);
-    lost.advice = adviceText(main, "COM" + std::to_string(main.link.commPort), code);
+    lost.advice = adviceText(main, portName(main.link), code);
     return lost;
   }
   for (const LostLine& line : kLostLines) {

@@ -10,7 +10,7 @@
 #include "reports/event_rows.h"
 #include "reports/expert_report.h"
 #include "reports/setup_report.h"
-#include "screen/buttons_held.h"
+#include "screen/elements_held.h"
 
 namespace zephon {
 namespace {
@@ -24,7 +24,7 @@ constexpr std::size_t kKeyExpertTitle = 166;
 PdfHost hostOf(Main& main) {
   PdfHost host;
   host.programFolder = main.around.folders.program;
-  host.now = [&main] { return presentTime(main); };
+  host.now = [&main] { return presentTime(main.around.clock); };
   host.message = [&main](const std::string& title, const std::string& text) {
     tellTitled(main, title, text);
   };
@@ -56,7 +56,7 @@ std::vector<std::string> raisedFindings(const Findings& findings) {
 }
 
 std::optional<std::string> askForName(Main& main, const std::string& text, const FileFilter& filter) {
-  const std::string name = stampedFileName(text, '.' + filter.extension, presentTime(main));
+  const std::string name = stampedFileName(text, '.' + filter.extension, presentTime(main.around.clock));
   return main.around.dialogs.saveFile({firstFolder(main), name, {filter}});
 }
 
@@ -93,12 +93,12 @@ void saveExpertReport(Main& main) {
   const auto path =
       askForName(main, dictText(main, kKeyProduct) + ' ' + dictText(main, kKeyReport), kPdfFilter);
   if (!path || !stay.stands() || !mayReplace(main, *path) || !stay.stands()) return;
-  const ButtonsHeld held{&main.frame.saveBtn};
+  const ElementsHeld held{&main.frame.saveBtn};
   if (writeExpertReport(*path, hostOf(main), head, findings, main.dict)) show(main, *path);
 }
 
 void saveEventReport(Main& main, const std::string& path) {
-  const ButtonsHeld held{&main.frame.saveBtn};
+  const ElementsHeld held{&main.frame.saveBtn};
   const LogTable<8> events = main.logs.tsData;  // another may come while a box stands
   const ReportHead head = headOf(main, kKeyLogTitle, eventPeriod(events));
   if (writeEventReport(path, hostOf(main), head, events, main.dict)) show(main, path);
@@ -108,9 +108,9 @@ void saveSetupReport(Main& main) {
   const Stay stay(main);
   const auto path = askForName(main, dictText(main, kKeySetupTitle), kTextFilter);
   if (!path || !stay.stands() || !mayReplace(main, *path) || !stay.stands()) return;
-  const ButtonsHeld held{&main.frame.saveBtn};
+  const ElementsHeld held{&main.frame.saveBtn};
   const SaveResult saved = saveFile(*path, setupReport(stampOf(main), settingsOf(main), main.dict));
-  if (!saved) tellSaveFailure(main, saveErrorText(saved));
+  if (!saved) saveErrorSub(main, saveErrorText(saved));
 }
 
 }  // namespace zephon

@@ -128,8 +128,8 @@ std::vector<FileFilter> filtersOf(const Writer& writer, bool raw) {
 
 std::optional<std::string> askForName(Main& main, const Writer& writer,
                                       const std::vector<FileFilter>& filters) {
-  const std::string name =
-      defaultFileName(writer.kind, '.' + filters.front().extension, main.dict, presentTime(main));
+  const std::string name = defaultFileName(writer.kind, '.' + filters.front().extension, main.dict,
+                                           presentTime(main.around.clock));
   return main.around.dialogs.saveFile({firstFolder(main), name, filters});
 }
 
@@ -156,7 +156,7 @@ void save(Main& main, const Writer& writer) {
   if (isReport(writer, raw, *path)) return saveEventReport(main, *path);
   const std::string bytes = raw ? rawFile(main, writer) : writer.csv(main);
   const SaveResult saved = saveFile(*path, bytes);
-  if (!saved) return tellSaveFailure(main, saveErrorText(saved));
+  if (!saved) return saveErrorSub(main, saveErrorText(saved));
   if (!raw && isChart(writer)) chartSaved(main);
 }
 

@@ -25,7 +25,7 @@ std::string span(const std::string& from, const std::string& to) {
 std::string rangeOfEvents(const Main& main) {
   const LogView log(main.logs.tsData);
   if (log.rows() == 0) return {};
-  const CalendarTime today = calendarOf(main.around.clock.now().local);
+  const CalendarTime today = presentTime(main.around.clock);
   return span(rowDay(log, log.largestRow()), formatDate(today, kDatePicture));
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "protocol/model_names.h"
 #include "text/number.h"
 #include "text/strings.h"
 #include "text/windows1252.h"
@@ -12,7 +13,6 @@ namespace {
 
 constexpr std::size_t kIdCharacters = 10;
 constexpr std::size_t kHeadLines = 8;
-constexpr std::string_view kSecondLineID = "TessaraPCS";
 constexpr std::string_view kIdLabel = "ID: ";
 constexpr int kHighRating = 200;
 

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
 
 #include "files/file_reading.h"
 #include "text/fixed_point.h"
@@ -14,18 +13,6 @@ namespace zephon {
 namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-
-// Eight bytes at a time.
-bool isAscii(std::string_view text) {
-  std::uint64_t seen = 0;
-  for (; text.size() >= 8; text.remove_prefix(8)) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, text.data(), 8);
-    seen |= word;
-  }
-  for (const char c : text) seen |= static_cast<std::uint8_t>(c);
-  return (seen & 0x8080808080808080) == 0;
-}
 
 bool isDigit(char c) {
   return c >= '0' && c <= '9';

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "files/file_kind.h"
-#include "files/text_buffer.h"
+#include "text/text_buffer.h"
 
 namespace zephon {
 

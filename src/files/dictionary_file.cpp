@@ -2,9 +2,8 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
+#include "platform/read_file.h"
 #include "text/strings.h"
 #include "text/windows1252.h"
 
@@ -13,6 +12,7 @@ namespace {
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kSuffix = ".dictionary";
+constexpr std::size_t kMostBytes = 1U << 20;
 
 std::vector<std::string> filesIn(const std::string& folder) {
   std::vector<std::string> names;
@@ -49,9 +49,9 @@ DictionaryFile parseDictionary(std::string_view text) {
 
 DictionaryFile readDictionary(const std::string& folder, const std::string& language) {
   const std::string path = folder + "/" + language + std::string(kSuffix);
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return {{}, path + " is missing or can't be read"};
-  DictionaryFile read = parseDictionary(std::string(std::istreambuf_iterator<char>(file), {}));
+  const FileContent content = readFile(path, kMostBytes);
+  if (!content) return {{}, path + " is missing or can't be read"};
+  DictionaryFile read = parseDictionary(content.bytes);
   if (!read.fault.empty()) read.fault = path + ": " + read.fault;
   return read;
 }

@@ -36,7 +36,7 @@ EventRow rowAt(const CalendarTime& local, double code, double magnitude) {
 }
 
 // The parts of a text as numbers; nothing unless there are exactly three.
-std::optional<std::array<double, 3>> threeNumbers(std::string_view text, char separator) {
+std::optional<std::array<double, 3>> threeParts(std::string_view text, char separator) {
   const std::vector<std::string> parts = split(text, separator);
   if (parts.size() != 3) return {};
   return std::array<double, 3>{numberAtStart(parts[0]), numberAtStart(parts[1]), numberAtStart(parts[2])};
@@ -50,8 +50,8 @@ double limitOf(double code, const Limits& limits) {
 std::optional<EventRow> rowOf(const PdEvent& event, const Limits& limits, std::span<const std::string> dict) {
   const std::vector<std::string> moment = split(event.date, ' ');
   if (moment.size() != 2) return {};
-  const auto date = threeNumbers(moment[0], '/');
-  const auto time = threeNumbers(moment[1], ':');
+  const auto date = threeParts(moment[0], '/');
+  const auto time = threeParts(moment[1], ':');
   if (!date || !time) return {};
   const auto& [month, day, year] = *date;
   const auto& [hour, minute, second] = *time;

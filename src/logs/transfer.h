@@ -6,7 +6,7 @@
 
 #include "logs/log_controls.h"
 #include "protocol/stay.h"
-#include "screen/buttons_held.h"
+#include "screen/elements_held.h"
 
 namespace zephon {
 
@@ -68,7 +68,7 @@ class ShownTransfer {
   Main& main_;
   const LogControls& controls_;
   Stay stay_;
-  ButtonsHeld held_;  // the page buttons, and the help, which would keep the loop from its bytes
+  ElementsHeld held_;  // the page buttons, and the help, which would keep the loop from its bytes
 };
 
 // Sends the command of a log that comes as one frame and gathers it: its last bytes. `flagOffset` is where

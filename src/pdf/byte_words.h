@@ -30,12 +30,4 @@ inline bool needsEscape(std::uint64_t word) {
 
 }  // namespace byte_words
 
-inline bool isAscii(std::string_view text) {
-  std::uint64_t bits = 0;
-  for (; text.size() >= byte_words::kSize; text.remove_prefix(byte_words::kSize))
-    bits |= byte_words::at(text.data());
-  for (const char c : text) bits |= static_cast<unsigned char>(c);
-  return (bits & byte_words::kHighs) == 0;
-}
-
 }  // namespace zephon

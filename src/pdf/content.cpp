@@ -1,5 +1,7 @@
 #include "pdf/content.h"
 
+#include <algorithm>
+
 #include "pdf/byte_words.h"
 #include "text/picture.h"
 
@@ -14,8 +16,6 @@ char* putEscaped(char* to, char c) {
   return to + 1;
 }
 
-constexpr std::size_t kSmallest = 512;
-
 std::string largeNumber(double value, int decimals) {
   const std::string zeros(static_cast<std::size_t>(decimals), '0');
   const std::string text = formatPicture(value, "###0." + zeros);
@@ -27,12 +27,12 @@ std::string largeNumber(double value, int decimals) {
 Content& Content::fixed(double value, int decimals) {
   const auto ticks = ticksOf(value, decimals);
   if (!ticks) return *this << largeNumber(value, decimals);
-  wrote(writeTicks(room(kTicksRoom), *ticks, decimals));
+  buffer_.wrote(writeTicks(buffer_.room(kTicksRoom), *ticks, decimals));
   return *this;
 }
 
 Content& Content::quoted(std::string_view bytes) {
-  char* to = room(4 * bytes.size() + 2);
+  char* to = buffer_.room(4 * bytes.size() + 2);
   *to++ = '(';
   while (!bytes.empty()) {
     const std::size_t count = std::min(bytes.size(), byte_words::kSize);
@@ -44,12 +44,8 @@ Content& Content::quoted(std::string_view bytes) {
     bytes.remove_prefix(count);
   }
   *to++ = ')';
-  wrote(to);
+  buffer_.wrote(to);
   return *this;
-}
-
-void Content::grow(std::size_t bytes) {
-  room_.resize(std::max({kSmallest, 2 * room_.size(), used_ + bytes}));
 }
 
 }  // namespace zephon

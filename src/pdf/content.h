@@ -1,12 +1,12 @@
 #pragma once
 
-#include <algorithm>
 #include <charconv>
 #include <concepts>
 #include <string>
 #include <string_view>
 
 #include "text/fixed_point.h"
+#include "text/text_buffer.h"
 
 namespace zephon {
 
@@ -17,25 +17,24 @@ inline constexpr std::string_view kCrLf = "\r\n";
 class Content {
  public:
   Content& operator<<(std::string_view text) {
-    wrote(std::copy(text.begin(), text.end(), room(text.size())));
+    buffer_.add(text);
     return *this;
   }
   // A literal.
   template <std::size_t N>
   Content& operator<<(const char (&text)[N]) {
-    wrote(std::copy_n(text, N - 1, room(N - 1)));
+    buffer_.add({text, N - 1});
     return *this;
   }
   Content& operator<<(char c) {
-    *room(1) = c;
-    ++used_;
+    buffer_.add({&c, 1});
     return *this;
   }
   Content& operator<<(double value) { return fixed(value, 2); }
   template <std::integral Whole>
   Content& operator<<(Whole value) {
-    char* const to = room(kTicksRoom);
-    wrote(std::to_chars(to, to + kTicksRoom, value).ptr);
+    char* const to = buffer_.room(kTicksRoom);
+    buffer_.wrote(std::to_chars(to, to + kTicksRoom, value).ptr);
     return *this;
   }
 
@@ -45,21 +44,12 @@ class Content {
   // before it.
   Content& quoted(std::string_view bytes);
 
-  std::string_view text() const { return {room_.data(), used_}; }
+  std::string_view text() const { return buffer_.text(); }
   std::string string() const { return std::string(text()); }
-  void clear() { used_ = 0; }
+  void clear() { buffer_.clear(); }
 
  private:
-  // So many bytes behind the text; `wrote` tells how far they have been filled.
-  char* room(std::size_t bytes) {
-    if (room_.size() - used_ < bytes) grow(bytes);
-    return room_.data() + used_;
-  }
-  void grow(std::size_t bytes);
-  void wrote(const char* end) { used_ = static_cast<std::size_t>(end - room_.data()); }
-
-  std::string room_;
-  std::size_t used_ = 0;
+  TextBuffer buffer_;
 };
 
 }  // namespace zephon

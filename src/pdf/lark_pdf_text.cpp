@@ -1,8 +1,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "pdf/byte_words.h"
 #include "pdf/lark_pdf.h"
+#include "text/windows1252.h"
 
 namespace zephon {
 namespace {

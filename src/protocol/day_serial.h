@@ -13,6 +13,11 @@ namespace zephon {
 CalendarTime calendarOf(const sysTimeRecord& time);
 sysTimeRecord recordOf(const CalendarTime& time);
 
+// The computer's local date and time.
+inline CalendarTime presentTime(const WallClock& clock) {
+  return calendarOf(clock.now().local);
+}
+
 // The program's day number: equals the date value from March 2012 to February 2024. Leap days come from a
 // short table that knows 2012, 2016 and 2020 only, and forgets them from 2025 on.
 double dateSerial(const sysTimeRecord& time);

@@ -1,11 +1,11 @@
 #include "protocol/exchange.h"
 
 #include <algorithm>
-#include <array>
 
 #include "comm/mod_comm.h"
 #include "comm/wait.h"
 #include "protocol/encodings.h"
+#include "protocol/visit.h"
 #include "text/strings.h"
 
 namespace zephon {
@@ -29,10 +29,6 @@ std::nullopt_t fail(Main& main, ExchangeFailure why) {
   main.exchange.Timer1.setEnabled(false);
   main.exchange.lastFailure = why;
   return std::nullopt;
-}
-
-bool stillWanted(const Main& main, const PageVisit& visit) {
-  return !main.ending && main.pages.wanted == visit;
 }
 
 // Counts the exchanges that wait for a reply. One that ends without its reply leaves it on the line.
@@ -68,11 +64,11 @@ bool runOut(Main& main, const PageVisit& visit, double quietMs, double longestMs
     std::string chunk;
     if (CommRead(port, main.link.commPort, chunk, kSettleRead) > 0) quiet = loop.now() + fromMillis(quietMs);
     gathered += chunk;
-    if (!stillWanted(main, visit)) return false;
+    if (!stands(main, visit)) return false;
     CommAwait(port, main.link.commPort, quiet);
   }
   main.exchange.replyAbandoned = false;
-  return stillWanted(main, visit);
+  return stands(main, visit);
 }
 
 std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeoutMs, std::int32_t readSize,
@@ -92,7 +88,7 @@ std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeout
   while (!complete(gathered)) {
     const std::int32_t count = CommRead(port, main.link.commPort, exchange.replyBuffer, readSize);
     gathered += exchange.replyBuffer;
-    if (!stillWanted(main, visit)) return fail(main, ExchangeFailure::Cancelled);
+    if (!stands(main, visit)) return fail(main, ExchangeFailure::Cancelled);
     if (exchange.timedOut && unreadable) return fail(main, ExchangeFailure::Closed);
     if (exchange.timedOut) {
       return fail(main, gathered.empty() ? ExchangeFailure::TimedOut : ExchangeFailure::ShortReply);
@@ -199,35 +195,20 @@ float getUnscaledFraction(Main& main, const DeviceCommand& command, bool isSigne
   return reply ? static_cast<float>(unscaledFraction(*reply, isSigned)) : noFraction;
 }
 
-namespace {
-
-// What could close the port, or open a box, in the middle of a write.
-std::array<Element*, 11> heldElements(Main& main) {
-  FrameElements& f = main.frame;
-  MeasurementElements& m = main.measurement;
-  return {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn,  &f.dataBtn,         &f.setupBtn,
-          &f.comBtn,  &f.helpBtn,  &m.clrEUbtn, &m.clrCountBtn, &main.com.langCombo};
-}
-
-}  // namespace
-
-WriteInFlight::WriteInFlight(Main& main) : main_(main) {
+WriteInFlight::WriteInFlight(Main& main)
+    : main_(main),
+      // What could close the port, or open a box, in the middle of a write.
+      held_{&main.frame.measBtn,        &main.frame.ScopeBtn,
+            &main.frame.ChartBtn,       &main.frame.outletsBtn,
+            &main.frame.dataBtn,        &main.frame.setupBtn,
+            &main.frame.comBtn,         &main.frame.helpBtn,
+            &main.measurement.clrEUbtn, &main.measurement.clrCountBtn,
+            &main.com.langCombo} {
   ++main.exchange.writesInFlight;
-  std::uint32_t bit = 1;
-  for (Element* element : heldElements(main)) {
-    if (element->enabled()) wasEnabled_ |= bit;
-    element->setEnabled(false);
-    bit <<= 1;
-  }
 }
 
 WriteInFlight::~WriteInFlight() {
   if (--main_.exchange.writesInFlight == 0 && main_.closing) main_.ending = true;
-  std::uint32_t bit = 1;
-  for (Element* element : heldElements(main_)) {
-    if ((wasEnabled_ & bit) != 0) element->setEnabled(true);
-    bit <<= 1;
-  }
 }
 
 bool confirmedWrite(Main& main, const DeviceCommand& command, double pauseMs, std::string_view second) {

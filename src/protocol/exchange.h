@@ -9,6 +9,7 @@
 #include "comm/port.h"
 #include "form/main.h"
 #include "protocol/commands.h"
+#include "screen/elements_held.h"
 
 namespace zephon {
 
@@ -74,7 +75,7 @@ class WriteInFlight {
 
  private:
   Main& main_;
-  std::uint32_t wasEnabled_ = 0;
+  ElementsHeld held_;
 };
 
 // The write that the device wants confirmed: command, pause, second text, pause, "OK".

@@ -3,6 +3,7 @@
 #include "protocol/dict_text.h"
 #include "protocol/encodings.h"
 #include "protocol/exchange.h"
+#include "protocol/model_names.h"
 #include "text/windows1252.h"
 
 namespace zephon {
@@ -72,7 +73,7 @@ bool getUserID(Main& main) {
     if (!reply) return false;
     main.link.userID = fromWindows1252(*reply);
   } else if (main.link.userID.empty()) {
-    main.link.userID = "TessaraPCS";
+    main.link.userID = kSecondLineID;
   }
   showUserID(main);
   return true;

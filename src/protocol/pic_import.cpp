@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "protocol/counters.h"
+#include "protocol/day_serial.h"
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/limit_codes.h"
@@ -63,13 +64,8 @@ void takeLimits(Main& main) {
                               imageByte(main.picImage, kShutdownLimits), main.link.nominalVolts);
 }
 
-CalendarTime presentTime(const Main& main) {
-  const sysTimeRecord now = main.around.clock.now().local;
-  return {now.year, now.month, now.day, now.hour, now.minute, now.second};
-}
-
 bool takeDates(Main& main, const Stay& stay, std::size_t count) {
-  const CalendarTime present = presentTime(main);
+  const CalendarTime present = presentTime(main.around.clock);
   if (!stay.wait(20)) return false;
   const auto reply = wholeReply(main, tessara::kSinceNewest);
   if (!reply) return false;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "protocol/exchange.h"
+#include "protocol/visit.h"
 
 namespace zephon {
 
@@ -10,7 +11,7 @@ class Stay {
  public:
   explicit Stay(Main& main) : main_(main), begun_(main.pages.wanted) {}
 
-  bool stands() const { return !main_.ending && main_.pages.wanted == begun_; }
+  bool stands() const { return zephon::stands(main_, begun_); }
 
   // The pause between commands. False when the visit is over at its end.
   bool wait(double milliseconds) const {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "protocol/model_names.h"
 #include "reports/maker.h"
 
 namespace zephon {
@@ -66,10 +67,6 @@ int styleOf(bool bold) {
 }
 
 }  // namespace
-
-std::string productName(int modelLine) {
-  return modelLine == 1 ? "Tessara PCS" : "Orvantis PCS";
-}
 
 ReportDocument::ReportDocument(const PdfHost& host, const ReportHead& head, std::span<const std::string> dict,
                                std::size_t pages)

@@ -20,9 +20,6 @@ struct ReportHead {
   std::string chipID;
 };
 
-// "Orvantis PCS" or "Tessara PCS".
-std::string productName(int modelLine);
-
 // A report as it is drawn: A4 upright, measured in points from the top left corner, each page in the frame of
 // head and foot. Whatever goes wrong is told to the host.
 class ReportDocument {

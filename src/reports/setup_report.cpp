@@ -2,6 +2,7 @@
 
 #include "files/csv_write.h"
 #include "protocol/event_codes.h"
+#include "protocol/model_names.h"
 
 namespace zephon {
 namespace {
@@ -48,7 +49,7 @@ std::string stateText(bool on) {
 }
 
 void addHead(Lines& lines, const FileStamp& stamp, std::span<const std::string> dict) {
-  lines.add((stamp.modelLine == 1 ? "Tessara " : "Orvantis ") + dictText(dict, kKeyTitle));
+  lines.add(modelName(stamp.modelLine) + ' ' + dictText(dict, kKeyTitle));
   lines.add("");
   lines.add("ID: " + stamp.userID);
   lines.add(kKeyFirmware, stamp.firmwareVersion);

@@ -1,38 +1,31 @@
 #include "shell/configuration.h"
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
-#include <optional>
 
+#include "display/file_questions.h"
 #include "display/link_status.h"
+#include "platform/read_file.h"
 #include "platform/save_file.h"
 #include "shell/config_file.h"
-#include "shell/connection.h"
 #include "text/picture.h"
 
 namespace zephon {
 namespace {
 
 constexpr const char* kFileName = "/config.txt";
-
-std::optional<std::string> readWhole(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  return std::string(std::istreambuf_iterator<char>(file), {});
-}
+constexpr std::size_t kMostBytes = 1U << 20;
 
 // The user's own file; before the first save that may still be the one installed beside the program.
-std::optional<std::string> configText(const Folders& folders) {
-  auto text = readWhole(folders.config + kFileName);
-  return text ? text : readWhole(folders.program + kFileName);
+FileContent configText(const Folders& folders) {
+  FileContent text = readFile(folders.config + kFileName, kMostBytes);
+  return text ? text : readFile(folders.program + kFileName, kMostBytes);
 }
 
 }  // namespace
 
 void readConfiguration(Main& main) {
   const auto text = configText(main.around.folders);
-  const ConfigFile file = text ? parseConfig(*text) : defaultConfig();
+  const ConfigFile file = text ? parseConfig(text.bytes) : defaultConfig();
   main.frame.COMlbl.setCaption(file.port);
   main.config.bannerDisplay = file.bannerDisplay;
   main.config.checkComSettings = file.checkComSettings;

@@ -5,25 +5,21 @@
 #include "comm/cable.h"
 #include "comm/mod_comm.h"
 #include "display/link_status.h"
-#include "protocol/clock.h"
 #include "protocol/advice_text.h"
+#include "protocol/clock.h"
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/firmware_gates.h"
 #include "protocol/identity.h"
-#include "shell/visit.h"
+#include "protocol/model_names.h"
+#include "protocol/visit.h"
 #include "text/number.h"
 
 namespace zephon {
 namespace {
 
 constexpr std::size_t kKeyLinkLost = 46;
-constexpr std::size_t kKeySaveFailed = 47;
 constexpr std::size_t kKeyCheckCable = 68;
-
-std::string portName(const Main& main) {
-  return "COM" + std::to_string(main.link.commPort);
-}
 
 std::string settings(const Main& main) {
   const std::string baud = main.link.modelLine == 1 ? "9600" : "115200";
@@ -46,7 +42,7 @@ void closePort(Main& main) {
 bool openFailed(Main& main) {
   std::string text;
   const std::int32_t code = CommGetError(main.link.table, text);
-  const std::string advice = adviceText(main, portName(main), code);
+  const std::string advice = adviceText(main, portName(main.link), code);
   showLinkFailure(main, text, advice);
   if (!main.frame.dataBtn.value()) main.around.dialogs.message("COM Error: " + text, advice);
   main.link.openFailed = true;
@@ -74,7 +70,7 @@ void showModel(Main& main) {
   main.frame.image999.setPath(first ? std::string() : fonts + "LowerTR.gif");
   main.frame.image998.setVisible(first);
   main.frame.image999.setVisible(!first && main.config.bannerDisplay);
-  main.frame.modelLbl.setCaption(first ? "Orvantis" : "Tessara");
+  main.frame.modelLbl.setCaption(modelName(main.link.modelLine));
 }
 
 // The scales on which the rated voltage and its full load stand in the middle and in the upper third.
@@ -118,7 +114,7 @@ void zeroPointers(Slider& slider, std::size_t from) {
 
 bool openPort(Main& main) {
   CommFlush(portOf(main), main.link.commPort);
-  if (CommOpen(portOf(main), main.link.commPort, portName(main), settings(main)) != 0) return false;
+  if (CommOpen(portOf(main), main.link.commPort, portName(main.link), settings(main)) != 0) return false;
   main.link.table.lastCommError = {};  // what failed on a closed port says nothing of this connection
   setModemLines(main, true);
   return true;
@@ -176,10 +172,6 @@ void errorSub(Main& main) {
   if (main.ending || main.link.openFailed || main.link.lossesTold != told) return;
   ++main.link.lossesTold;
   main.around.dialogs.message(dictText(main, kKeyLinkLost), shortfall.empty() ? lost.advice : shortfall);
-}
-
-void saveErrorSub(Main& main) {
-  main.around.dialogs.message(dictText(main, kKeySaveFailed));
 }
 
 void closeHalfOpen(Main& main) {

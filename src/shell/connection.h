@@ -18,9 +18,6 @@ void disconnectSub(Main& main);
 // The link failed while it was wanted: switches every page off, closes the port and tells the user, once.
 void errorSub(Main& main);
 
-// A save failed.
-void saveErrorSub(Main& main);
-
 // Opens the port of link.commPort at the speed of the model line assumed, and raises its modem lines. False
 // leaves the reason in the table's lastCommError.
 bool openPort(Main& main);

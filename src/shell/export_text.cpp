@@ -158,7 +158,7 @@ void addEvents(Lines& lines, const Main& main, bool headed) {
 }  // namespace
 
 std::string exportText(const Main& main, const ExportCommand& command, bool headed) {
-  const CalendarTime now = calendarOf(main.around.clock.now().local);
+  const CalendarTime now = presentTime(main.around.clock);
   Lines lines;
   if (headed) addHeading(lines, main, now);
   if (command.measurements) addMeasurements(lines, main, now, headed);

@@ -1,5 +1,6 @@
 #include "shell/help.h"
 
+#include "files/file_kind.h"
 #include "form/shortcuts.h"
 #include "protocol/asking.h"
 #include "protocol/dict_text.h"
@@ -16,7 +17,7 @@ constexpr std::size_t kChipKey = 23;
 
 // What support asks a caller for, and its number.
 std::string identityLines(const Main& main) {
-  std::string lines = dictText(main, kSoftwareKey) + " 4.4\n";
+  std::string lines = dictText(main, kSoftwareKey) + " " + std::string(kSoftwareVersion) + "\n";
   if (main.link.identified) {
     lines += dictText(main, kFirmwareKey) + " " + main.link.firmwareVersion + "\n";
     lines += dictText(main, kChipKey) + " " + main.link.chipID + "\n";

@@ -10,10 +10,10 @@
 #include "display/setup_page.h"
 #include "protocol/exchange.h"
 #include "protocol/thresholds.h"
+#include "protocol/visit.h"
 #include "shell/com_page.h"
 #include "shell/connection.h"
 #include "shell/page_layout.h"
-#include "shell/visit.h"
 
 namespace zephon {
 namespace {

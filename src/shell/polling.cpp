@@ -1,8 +1,8 @@
 #include "shell/polling.h"
 
 #include "protocol/measurement.h"
+#include "protocol/visit.h"
 #include "shell/connection.h"
-#include "shell/visit.h"
 
 namespace zephon {
 namespace {

@@ -9,8 +9,9 @@
 #include "protocol/dict_text.h"
 #include "protocol/exchange.h"
 #include "protocol/identity.h"
+#include "protocol/model_names.h"
+#include "protocol/visit.h"
 #include "shell/connection.h"
-#include "shell/visit.h"
 
 namespace zephon {
 namespace {
@@ -30,10 +31,6 @@ void closeEveryPort(Main& main) {
 
 const PortRecord& port(const Main& main) {
   return main.link.table.ports[static_cast<std::size_t>(main.link.commPort - 1)];
-}
-
-std::string portName(const Main& main) {
-  return "COM" + std::to_string(main.link.commPort);
 }
 
 bool looksLikeVersion(const std::string& text) {
@@ -57,11 +54,11 @@ bool conditionerAnswers(Main& main) {
 
 // What there is to say about a number whose port did not lead to a conditioner.
 std::string noteOf(const Main& main, bool opened) {
-  if (opened) return filledText(dictText(main, words::kNobodyAnswers), {portName(main)});
+  if (opened) return filledText(dictText(main, words::kNobodyAnswers), {portName(main.link)});
   const CommError& error = main.link.table.lastCommError;
   if (error.code == ENOENT) return {};
-  const std::string advice = adviceText(main, portName(main), error.code);
-  return portName(main) + ": " + (advice.empty() ? error.message : advice);
+  const std::string advice = adviceText(main, portName(main.link), error.code);
+  return portName(main.link) + ": " + (advice.empty() ? error.message : advice);
 }
 
 // One search: a visit of its own, so that whatever ends it ends the exchange that it waits for too.
@@ -107,7 +104,8 @@ class Search {
 
   void showProgress() {
     main_.com.searchProgSlide.setValue(main_.link.commPort);
-    main_.com.portFoundLbl.setCaption(filledText(dictText(main_, words::kSearchingPort), {portName(main_)}));
+    main_.com.portFoundLbl.setCaption(
+        filledText(dictText(main_, words::kSearchingPort), {portName(main_.link)}));
   }
   void note(const std::string& text) {
     if (!text.empty()) notes_ += (notes_.empty() ? "" : "\n") + text;
@@ -121,7 +119,7 @@ class Search {
 // Who answered, as far as it tells.
 std::string foundText(Main& main) {
   const Link& link = main.link;
-  std::string text = portName(main) + ": " + (link.modelLine == 0 ? "Orvantis PCS" : "Tessara PCS") + ", " +
+  std::string text = portName(main.link) + ": " + productName(link.modelLine) + ", " +
                      dictText(main, words::kFirmware) + ' ' + link.firmwareVersion;
   if (getChipID(main)) text += ", " + dictText(main, words::kChip) + ' ' + link.chipID;
   if (getUserID(main)) text += ", ID " + link.userID;

@@ -2,12 +2,12 @@
 
 #include <filesystem>
 
+#include "display/file_questions.h"
 #include "files/csv_write.h"
 #include "logs/event_download.h"
 #include "platform/paths.h"
 #include "platform/read_file.h"
 #include "platform/save_file.h"
-#include "protocol/dict_text.h"
 #include "protocol/measurement.h"
 #include "shell/connection.h"
 #include "shell/export_command.h"
@@ -24,8 +24,7 @@ constexpr int kNoAnswer = 4;
 constexpr int kCantWrite = 5;
 
 constexpr int kTries = 4;
-constexpr std::size_t kKeySaveFailed = 47;
-constexpr std::size_t kLargestFile = std::size_t{1} << 30;
+constexpr std::size_t kLargestExport = std::size_t{1} << 30;
 
 bool readEvents(Main& main) {
   main.pages.dataPageActive = true;
@@ -49,8 +48,8 @@ bool readDevice(Main& main, const ExportCommand& command) {
   return readMeasurements(main);
 }
 
-bool tellFailure(Main& main, const std::string& reason) {
-  main.around.dialogs.message(dictText(main, kKeySaveFailed), reason);
+bool failed(Main& main, const std::string& reason) {
+  saveErrorSub(main, reason);
   return false;
 }
 
@@ -58,7 +57,7 @@ bool tellFailure(Main& main, const std::string& reason) {
 FileContent oldContent(const std::string& path) {
   std::error_code ignored;
   if (!std::filesystem::is_regular_file(path, ignored)) return {};
-  FileContent old = readFile(path, kLargestFile);
+  FileContent old = readFile(path, kLargestExport);
   if (!old.bytes.empty() && !old.bytes.ends_with('\n')) old.bytes += kLineEnd;
   return old;
 }
@@ -67,10 +66,10 @@ bool writeExport(Main& main, const ExportCommand& command) {
   const bool appends = command.append && fileExists(command.file);
   FileContent content;
   if (appends) content = oldContent(command.file);
-  if (!content) return tellFailure(main, content.fault);
+  if (!content) return failed(main, content.fault);
   content.bytes += exportText(main, command, !appends);
   const SaveResult saved = saveFile(command.file, content.bytes);
-  return saved || tellFailure(main, saveErrorText(saved));
+  return saved || failed(main, saveErrorText(saved));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace zephon {
 namespace {
@@ -101,6 +102,18 @@ bool isUtf8(std::string_view text) {
     text.remove_prefix(character.bytes);
   }
   return true;
+}
+
+// Eight bytes at a time: files of many megabytes are looked at.
+bool isAscii(std::string_view text) {
+  std::uint64_t seen = 0;
+  for (; text.size() >= sizeof seen; text.remove_prefix(sizeof seen)) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data(), sizeof word);
+    seen |= word;
+  }
+  for (const char c : text) seen |= static_cast<unsigned char>(c);
+  return (seen & 0x8080808080808080) == 0;
 }
 
 }  // namespace zephon

@@ -14,5 +14,7 @@ std::string fromWindows1252(std::string_view bytes);
 
 // True when the text is well-formed UTF-8.
 bool isUtf8(std::string_view text);
+// True when it is the same in every code page.
+bool isAscii(std::string_view text);
 
 }  // namespace zephon

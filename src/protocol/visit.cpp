@@ -1,4 +1,4 @@
-#include "shell/visit.h"
+#include "protocol/visit.h"
 
 namespace zephon {
 
