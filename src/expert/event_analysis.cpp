@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "expert/trend_statistics.h"
+#include "protocol/event_codes.h"
 
 namespace zephon {
 namespace {
@@ -71,14 +72,18 @@ Seen overloadsCounted(const Pass& pass) {
   return {.holds = pass.device.overloads > 0};
 }
 
-constexpr Codes kOverload = {64, 64};
-constexpr Codes kSurge = {32, 32};
-constexpr Codes kOverVoltage = {8, 16};
-constexpr Codes kUnderVoltage = {2, 4};
-constexpr Codes kOutage = {1, 1};
-constexpr Codes kEndOfUnderVoltageRecord = {132, 132};
-constexpr Codes kEndOfUnderVoltageShutdown = {130, 130};
-constexpr Codes kEndOfSurge = {160, 160};
+constexpr Codes only(int code) {
+  return {code, code};
+}
+
+constexpr Codes kOverload = only(event::kCurrentOverload);
+constexpr Codes kSurge = only(event::kSurge);
+constexpr Codes kOverVoltage = {event::kOverVoltageRecord, event::kOverVoltageShutdown};
+constexpr Codes kUnderVoltage = {event::kUnderVoltageShutdown, event::kUnderVoltageRecord};
+constexpr Codes kOutage = only(event::kPowerOutage);
+constexpr Codes kEndOfUnderVoltageRecord = only(event::endOf(event::kUnderVoltageRecord));
+constexpr Codes kEndOfUnderVoltageShutdown = only(event::endOf(event::kUnderVoltageShutdown));
+constexpr Codes kEndOfSurge = only(event::endOf(event::kSurge));
 
 }  // namespace
 

@@ -2,8 +2,8 @@
 
 #include "files/csv_header.h"
 #include "files/csv_write.h"
+#include "form/dictionary.h"
 #include "protocol/day_serial.h"
-#include "protocol/event_codes.h"
 #include "protocol/firmware_gates.h"
 #include "text/fixed_point.h"
 

@@ -1,6 +1,6 @@
 #include "files/csv_write.h"
 
-#include "protocol/event_codes.h"
+#include "form/dictionary.h"
 #include "text/fixed_point.h"
 #include "text/picture.h"
 #include "text/windows1252.h"

@@ -2,6 +2,7 @@
 
 #include "files/csv_header.h"
 #include "files/csv_write.h"
+#include "form/dictionary.h"
 #include "logs/event_tree.h"
 #include "protocol/event_codes.h"
 #include "text/windows1252.h"

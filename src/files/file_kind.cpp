@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "protocol/event_codes.h"
+#include "form/dictionary.h"
 #include "text/date_picture.h"
 
 namespace zephon {

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstring>
 
+#include "protocol/commands.h"
 #include "protocol/day_serial.h"
 #include "protocol/encodings.h"
 #include "protocol/energy.h"
@@ -15,6 +16,8 @@ namespace zephon {
 namespace {
 
 using ChartRow = std::array<double, 9>;
+
+static_assert(kChartReplyBytes == orvantis::kChartPage.replyBytes);
 
 constexpr std::size_t kMarkBytes = 9;
 constexpr std::size_t kSampleBytes = 20;

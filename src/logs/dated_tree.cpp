@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "protocol/event_codes.h"
+#include "protocol/month_names.h"
 #include "text/picture.h"
 
 namespace zephon {

@@ -5,6 +5,7 @@
 
 #include "logs/local_clock.h"
 #include "logs/log_records.h"
+#include "protocol/commands.h"
 #include "protocol/event_codes.h"
 #include "text/number.h"
 #include "text/strings.h"
@@ -18,7 +19,7 @@ constexpr std::int32_t kLogStart = 110592;
 constexpr std::size_t kRecordBytes = 8;
 constexpr std::size_t kRecords = 512;
 constexpr std::size_t kDataOffset = 4;
-constexpr int kOverload = 64;
+static_assert(kEventFrameBytes == orvantis::kEventLog.replyBytes);
 
 DeviceDateBytes dateOf(const std::uint8_t* record) {
   return {record[6], record[5], record[4], record[3], record[2], record[1]};
@@ -43,8 +44,8 @@ std::optional<std::array<double, 3>> threeParts(std::string_view text, char sepa
 }
 
 double limitOf(double code, const Limits& limits) {
-  if (code == 4) return limits.UVre;
-  return code == 8 ? limits.OVre : 0;
+  if (code == event::kUnderVoltageRecord) return limits.UVre;
+  return code == event::kOverVoltageRecord ? limits.OVre : 0;
 }
 
 std::optional<EventRow> rowOf(const PdEvent& event, const Limits& limits, std::span<const std::string> dict) {
@@ -71,7 +72,8 @@ std::optional<LogTable<8>> decodeEventFrame(std::string_view frame, int nominalV
   walkRecords(frame.substr(kDataOffset), kRecordBytes, count, [&](const std::uint8_t* record) {
     const CalendarTime local = clock.local(dateOf(record));
     if (isBlankDate(local)) return false;
-    rows.push_back(rowAt(local, record[0], record[0] == kOverload ? record[7] : record[7] * scale));
+    rows.push_back(
+        rowAt(local, record[0], record[0] == event::kCurrentOverload ? record[7] : record[7] * scale));
     return true;
   });
   return rows;

@@ -17,14 +17,14 @@ namespace zephon {
 // The reply to "gE":
 //   0      wrap flag, a digit: "0" the log has not wrapped, "1" it has
 //   1-3    write address, high byte first; the log begins at 110592
-//   4-     512 records of 8 bytes
+//   4-     512 records of 8 bytes, and as many bytes behind them, which move up where blank ones are taken out
 inline constexpr std::size_t kEventFrameBytes = 8196;
 
 // The frame's rows in the order of the device's memory: a wrapped log is not rotated. Blank records are left
 // out. A record:
 //   0 event code   1 year   2 day   3 month   4 second   5 minute   6 hour   7 magnitude
 // with the date in BCD and universal time. The magnitude counts on a 120 V line and is scaled to the nominal
-// voltage, but for code 64, a current. Nothing for a frame of another length.
+// voltage, but for an overload, a current. Nothing for a frame of another length.
 std::optional<LogTable<8>> decodeEventFrame(std::string_view frame, int nominalVolts, UtcOffset offset);
 
 // The second line's table of events, rotated and complete, as the log that this line lacks. There are as many

@@ -1,5 +1,6 @@
 #include "logs/event_tree.h"
 
+#include "form/dictionary.h"
 #include "protocol/event_codes.h"
 #include "text/picture.h"
 
@@ -7,8 +8,14 @@ namespace zephon {
 namespace {
 
 constexpr int kKeyMagnitude = 58;
-constexpr Colour kSurge = 49344;
-constexpr Colour kOverload = 16711935;
+constexpr Colour kSurgeColour = 49344;
+constexpr Colour kOverloadColour = 16711935;
+constexpr double kEndsBegin = 100;  // the ends of events have larger codes
+
+// In the order of LegendColours.
+constexpr std::array<int, std::tuple_size_v<LegendColours>> kLegendCodes = {
+    event::kPowerOutage, event::kUnderVoltageShutdown, event::kUnderVoltageRecord, event::kOverVoltageRecord,
+    event::kOverVoltageShutdown};
 
 }  // namespace
 
@@ -31,14 +38,14 @@ std::string EventTree::leafText(std::size_t, std::size_t) const {
 Colour EventTree::rowColour(std::size_t row) const {
   const double code = events_[row][6];
   for (std::size_t i = 0; i < legend_.size(); ++i) {
-    if (code == 1 << i) return legend_[i];
+    if (code == kLegendCodes[i]) return legend_[i];
   }
-  if (code == 32) return kSurge;
-  return code == 64 ? kOverload : kBlack;
+  if (code == event::kSurge) return kSurgeColour;
+  return code == event::kCurrentOverload ? kOverloadColour : kBlack;
 }
 
 bool hasMagnitude(double code) {
-  return code != 1 && code != 32 && code <= 100;
+  return code != event::kPowerOutage && code != event::kSurge && code <= kEndsBegin;
 }
 
 }  // namespace zephon

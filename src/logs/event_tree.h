@@ -5,7 +5,8 @@
 
 namespace zephon {
 
-// The colours that the legend of the disturbance bar gives to codes 1, 2, 4, 8 and 16.
+// The colours that the legend of the disturbance bar gives to power outages, under voltage shutdown and record,
+// over voltage record and shutdown.
 using LegendColours = std::array<Colour, 5>;
 
 // The tree of the event log: years, months, days, and an event a leaf, such as

@@ -1,6 +1,7 @@
 #include "logs/history_log.h"
 
 #include "logs/log_records.h"
+#include "protocol/commands.h"
 #include "protocol/day_serial.h"
 #include "text/fixed_point.h"
 
@@ -11,6 +12,8 @@ constexpr std::size_t kClockBytes = 19;
 constexpr std::size_t kDataOffset = 23;
 constexpr std::int32_t kLogStart = 16;
 constexpr std::size_t kRecords = 6911;
+static_assert(kHistoryFrameBytes == kDataOffset + kRecords * kHistoryRecordBytes);
+static_assert(kHistoryFrameBytes == orvantis::kHistory.replyBytes);
 
 // The row of the device's own clock; zeros when that is no date.
 HistoryRow closingRow(std::string_view clock, UtcOffset offset) {

@@ -1,7 +1,7 @@
 #include "logs/history_tree.h"
 
+#include "form/dictionary.h"
 #include "logs/history_log.h"
-#include "protocol/event_codes.h"
 #include "text/picture.h"
 
 namespace zephon {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "protocol/commands.h"
 #include "protocol/encodings.h"
 #include "protocol/event_codes.h"
 #include "text/date_picture.h"
@@ -10,6 +11,8 @@
 
 namespace zephon {
 namespace {
+
+static_assert(kImageCharacters == tessara::kImage.replyBytes);
 
 constexpr int kCodeBase = 48;
 constexpr std::size_t kFirstRecord = 1;
@@ -30,7 +33,9 @@ std::int32_t counterAt(const PicImage& image, std::size_t lowest) {
   return wholeNumber(joined).value_or(0);
 }
 
-constexpr int kClassCodes[] = {4, 8, 1, 32};  // under voltage, over voltage, outage, surge
+// By the class in a record.
+constexpr int kClassCodes[] = {event::kUnderVoltageRecord, event::kOverVoltageRecord, event::kPowerOutage,
+                               event::kSurge};
 
 // The tens come as a number of their own in front of the digit of the hours.
 std::int16_t hoursOf(std::uint8_t byte) {

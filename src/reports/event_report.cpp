@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "protocol/event_codes.h"
+#include "form/dictionary.h"
 #include "reports/event_rows.h"
 #include "reports/finding_lines.h"
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "form/dictionary.h"
 #include "logs/event_tree.h"
 #include "protocol/event_codes.h"
 #include "text/picture.h"
@@ -12,7 +13,6 @@ namespace {
 
 constexpr char kTwoDigits[] = "00";
 constexpr char kShortPicture[] = "0#";
-constexpr double kOverload = 64;
 
 std::string two(double value) {
   return formatPicture(value, kTwoDigits);
@@ -37,7 +37,7 @@ EventRow rowOf(const std::array<double, 8>& row, int nominalVolts, std::span<con
   text.time = two(row[3]) + ':' + two(row[4]) + ':' + two(row[5]);
   text.event = pqString(row[6], dict);
   if (!hasMagnitude(row[6])) return text;
-  const bool amperes = row[6] == kOverload;
+  const bool amperes = row[6] == event::kCurrentOverload;
   text.magnitude = shortestText(row[7]) + (amperes ? " A" : " V");
   if (!amperes) text.percent = percentOf(row[7], nominalVolts);
   return text;

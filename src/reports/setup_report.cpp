@@ -1,7 +1,7 @@
 #include "reports/setup_report.h"
 
 #include "files/csv_write.h"
-#include "protocol/event_codes.h"
+#include "form/dictionary.h"
 #include "protocol/model_names.h"
 
 namespace zephon {

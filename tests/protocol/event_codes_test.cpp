@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "protocol/month_names.h"
+
 namespace zephon {
 namespace {
 
