@@ -125,7 +125,8 @@ std::int32_t CommRead(const Port& port, std::int16_t id, std::string& out, std::
     return -1;
   }
   if (queued == 0) return 0;
-  // The larger of the two, on purpose, and never more than the buffer holds: the rest stays queued.
+  // All that waits is taken, however little was asked for, but no more than the buffer holds: the rest stays
+  // queued.
   const auto waiting = static_cast<std::int32_t>(std::min<std::uint32_t>(queued, kReadBufferSize));
   const std::int32_t size = std::min(std::max(waiting, maximum), kReadBufferSize);
   std::array<char, kReadBufferSize> buffer;

@@ -31,8 +31,8 @@ std::int32_t CommClose(const Port& port, std::int16_t id);
 std::int32_t CommFlush(const Port& port, std::int16_t id);
 
 // Takes what has arrived, up to 1024 bytes, any values. The count, 0 if nothing waits, -1 on failure; `out`
-// is emptied first. `maximum` holds nothing back: it is the least that is asked for, and a longer queue is
-// taken whole. One pass of the loop before it looks.
+// is emptied first. `maximum` is how much the caller expects at the most, and holds nothing back: a longer queue
+// is taken whole. One pass of the loop before it looks.
 std::int32_t CommRead(const Port& port, std::int16_t id, std::string& out, std::int32_t maximum);
 
 // Writes all of `bytes`. The count written, -1 on failure. One pass of the loop after the write, and ten more

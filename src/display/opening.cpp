@@ -11,6 +11,7 @@
 #include "logs/shown_log.h"
 #include "platform/read_file.h"
 #include "protocol/dict_text.h"
+#include "protocol/identity.h"
 #include "text/strings.h"
 
 namespace zephon {
@@ -135,8 +136,7 @@ void openChart(Main& main, const std::string& path) {
   if (!content) return;
   FileReading<LogTable<9>> reading = readChartCsv(*content, main.dict);
   if (!take(main, reading, main.logs.chartData)) return;
-  if (main.link.modelLine == 1)
-    main.frame.formCaption.setCaption("QLT Zephon Diagnostic Tool:    " + main.link.userID);
+  if (main.link.modelLine == 1) main.frame.formCaption.setCaption(formCaption(main.link.userID));
   plotChart(main);
 }
 

@@ -18,25 +18,25 @@ std::optional<double> momentOf(const LogView& chart, std::size_t row) {
   return std::isfinite(moment) ? std::optional(moment) : std::nullopt;
 }
 
-const Tests kHighVolts = {above(kVolts, ofLine(1.05))};
-const Tests kOutage = {below(kVolts, 40)};
-const Tests kLowOutage = {below(kVolts, 40), below(kVolts, ofLine(0.95))};
-const Tests kSag = {below(kVolts, ofSmoothedMean(0.95))};
+const RowConditions kHighVolts = {above(kVolts, ofLine(1.05))};
+const RowConditions kOutage = {below(kVolts, 40)};
+const RowConditions kLowOutage = {below(kVolts, 40), below(kVolts, ofLine(0.95))};
+const RowConditions kSag = {below(kVolts, ofSmoothedMean(0.95))};
 
-const Tests kHighAmpsGoodVolts = {above(kAmps, 30), atLeast(kVolts, ofLine(0.95))};
-const Tests kHighAmpsLowVolts = {above(kAmps, 30), below(kVolts, ofLine(0.95))};
-const Tests kSteadyAmps = {above(kAmps, 2.6)};
-const Tests kModerateAmps = {above(kAmps, 1.6), atMost(kAmps, 2.6)};
+const RowConditions kHighAmpsGoodVolts = {above(kAmps, 30), atLeast(kVolts, ofLine(0.95))};
+const RowConditions kHighAmpsLowVolts = {above(kAmps, 30), below(kVolts, ofLine(0.95))};
+const RowConditions kSteadyAmps = {above(kAmps, 2.6)};
+const RowConditions kModerateAmps = {above(kAmps, 1.6), atMost(kAmps, 2.6)};
 
-const Tests kHighWattsGoodVolts = {above(kWatts, 6000), atLeast(kVolts, ofLine(0.95))};
-const Tests kHighWattsLowVolts = {above(kWatts, 6000), below(kVolts, ofLine(0.95))};
-const Tests kSteadyWatts = {above(kWatts, 300)};
-const Tests kModerateWatts = {above(kWatts, 200), atMost(kWatts, 300)};
+const RowConditions kHighWattsGoodVolts = {above(kWatts, 6000), atLeast(kVolts, ofLine(0.95))};
+const RowConditions kHighWattsLowVolts = {above(kWatts, 6000), below(kVolts, ofLine(0.95))};
+const RowConditions kSteadyWatts = {above(kWatts, 300)};
+const RowConditions kModerateWatts = {above(kWatts, 200), atMost(kWatts, 300)};
 
-const Tests kHighNeutral = {above(kNeutralVolts, 5)};
-const Tests kFlatCrest = {below(kCrest, 1.4)};
-const Tests kSquareCrest = {below(kCrest, 1.4), above(kCrest, 0.96), below(kCrest, 1.04)};
-const Tests kPeakedCrest = {atLeast(kCrest, 1.4), above(kCrest, 1.43)};
+const RowConditions kHighNeutral = {above(kNeutralVolts, 5)};
+const RowConditions kFlatCrest = {below(kCrest, 1.4)};
+const RowConditions kSquareCrest = {below(kCrest, 1.4), above(kCrest, 0.96), below(kCrest, 1.04)};
+const RowConditions kPeakedCrest = {atLeast(kCrest, 1.4), above(kCrest, 1.43)};
 
 bool isFirstLine(const LoggedDevice& device) {
   return device.modelLine != 1;
@@ -57,16 +57,16 @@ Rule ifNeutralIsMeasured(Rule rule) {
 }
 
 // Steady use takes the place of a moderate one.
-Question moderate(const Tests& steadyUse, const Tests& moderateUse) {
+Question moderate(const RowConditions& steadyUse, const RowConditions& moderateUse) {
   return both(shareBelow(0.8, steadyUse), shareAbove(0.8, moderateUse));
 }
 
 // Where there are any such rows at all.
-Question often(const Tests& tests) {
-  return both(any(tests), shareAbove(0.05, tests));
+Question often(const RowConditions& conditions) {
+  return both(any(conditions), shareAbove(0.05, conditions));
 }
-Question seldom(const Tests& tests) {
-  return both(any(tests), shareBelow(0.05, tests));
+Question seldom(const RowConditions& conditions) {
+  return both(any(conditions), shareBelow(0.05, conditions));
 }
 
 // The line's frequency is more than 1 Hz away from 50 Hz, if that is near its mean, or from 60 Hz.

@@ -17,18 +17,18 @@ std::optional<double> momentOf(const LogView& history, std::size_t row) {
 }
 
 // A record's load, and its lowest voltage at the worst.
-const Tests kHighAmpsGoodVolts = {above(kMaxAmps, 30), atLeast(kMinVolts, ofLine(0.95))};
-const Tests kHighAmpsLowVolts = {above(kMaxAmps, 30), below(kMinVolts, ofLine(0.95))};
-const Tests kPeakAmpsLowVolts = {above(kMaxAmps, ofMean(2)), below(kMinVolts, ofLine(0.9))};
-const Tests kHighWattsGoodVolts = {above(kMaxWatts, 6000), atLeast(kMinVolts, ofLine(0.95))};
-const Tests kHighWattsLowVolts = {above(kMaxWatts, 6000), below(kMinVolts, ofLine(0.95))};
+const RowConditions kHighAmpsGoodVolts = {above(kMaxAmps, 30), atLeast(kMinVolts, ofLine(0.95))};
+const RowConditions kHighAmpsLowVolts = {above(kMaxAmps, 30), below(kMinVolts, ofLine(0.95))};
+const RowConditions kPeakAmpsLowVolts = {above(kMaxAmps, ofMean(2)), below(kMinVolts, ofLine(0.9))};
+const RowConditions kHighWattsGoodVolts = {above(kMaxWatts, 6000), atLeast(kMinVolts, ofLine(0.95))};
+const RowConditions kHighWattsLowVolts = {above(kMaxWatts, 6000), below(kMinVolts, ofLine(0.95))};
 
-const Tests kOutage = {below(kMinVolts, 40)};
-const Tests kLowMinimum = {below(kMinVolts, ofLine(0.95))};
-const Tests kHighMaximum = {above(kMaxVolts, ofLine(1.05))};
-const Tests kHighAverage = {above(kAvgVolts, ofLine(1.05))};
-const Tests kLowAverage = {atMost(kAvgVolts, ofLine(1.05)), below(kAvgVolts, ofLine(0.95)),
-                           isNot(kAvgVolts, 0)};
+const RowConditions kOutage = {below(kMinVolts, 40)};
+const RowConditions kLowMinimum = {below(kMinVolts, ofLine(0.95))};
+const RowConditions kHighMaximum = {above(kMaxVolts, ofLine(1.05))};
+const RowConditions kHighAverage = {above(kAvgVolts, ofLine(1.05))};
+const RowConditions kLowAverage = {atMost(kAvgVolts, ofLine(1.05)), below(kAvgVolts, ofLine(0.95)),
+                                   isNot(kAvgVolts, 0)};
 
 }  // namespace
 

@@ -18,44 +18,45 @@ double meanOf(const Series& series) {
   return std::accumulate(series.begin(), series.end(), 0.0) / static_cast<double>(series.size());
 }
 
-std::optional<double> valueOf(const Pass& pass, const Test& test) {
-  const double share = test.limit.value;
-  switch (test.limit.of) {
+std::optional<double> valueOf(const Pass& pass, const CellCondition& condition) {
+  const double share = condition.limit.value;
+  switch (condition.limit.of) {
     case Limit::Of::Number:
       return share;
     case Limit::Of::Line:
       return share * pass.device.ratedVolts;
     case Limit::Of::SmoothedMean:
-      return share * meanOf(smoothed(pass, test.column));
+      return share * meanOf(smoothed(pass, condition.column));
     case Limit::Of::Mean:
       break;
   }
-  const auto mean = columnMean(pass.log, test.column);
+  const auto mean = columnMean(pass.log, condition.column);
   return mean ? std::optional(share * *mean) : std::nullopt;
 }
 
-bool passes(double cell, Test::Relation relation, double limit) {
+bool passes(double cell, CellCondition::Relation relation, double limit) {
   switch (relation) {
-    case Test::Relation::Above:
+    case CellCondition::Relation::Above:
       return cell > limit;
-    case Test::Relation::AtLeast:
+    case CellCondition::Relation::AtLeast:
       return cell >= limit;
-    case Test::Relation::Below:
+    case CellCondition::Relation::Below:
       return cell < limit;
-    case Test::Relation::AtMost:
+    case CellCondition::Relation::AtMost:
       return cell <= limit;
-    case Test::Relation::IsNot:
+    case CellCondition::Relation::IsNot:
       break;
   }
   return cell != limit;
 }
 
 // Nothing when a cell is no number.
-std::optional<bool> rowPasses(const double* cells, const Tests& tests, const std::vector<double>& limits) {
-  for (std::size_t i = 0; i < tests.size(); ++i) {
-    const double cell = cells[tests[i].column];
+std::optional<bool> rowPasses(const double* cells, const RowConditions& conditions,
+                              const std::vector<double>& limits) {
+  for (std::size_t i = 0; i < conditions.size(); ++i) {
+    const double cell = cells[conditions[i].column];
     if (!std::isfinite(cell)) return {};
-    if (!passes(cell, tests[i].relation, limits[i])) return false;
+    if (!passes(cell, conditions[i].relation, limits[i])) return false;
   }
   return true;
 }
@@ -75,9 +76,9 @@ Seen answer(bool holds, RowNumbers rows) {
 }
 
 template <class Holds>
-Question share(Tests tests, Holds holds) {
-  return [tests = std::move(tests), holds](const Pass& pass) {
-    Seen seen = rowsPassing(pass, tests);
+Question share(RowConditions conditions, Holds holds) {
+  return [conditions = std::move(conditions), holds](const Pass& pass) {
+    Seen seen = rowsPassing(pass, conditions);
     const double whole = static_cast<double>(pass.log.largestRow()) - 1;
     if (seen.failed || whole == 0) return failure();
     const bool isSo = holds(static_cast<double>(seen.rows.size()) / whole);
@@ -87,9 +88,9 @@ Question share(Tests tests, Holds holds) {
 
 // Whether the rows that pass come again and again, by their intervals.
 template <class Holds>
-Question intervals(Tests tests, Holds holds) {
-  return [tests = std::move(tests), holds](const Pass& pass) {
-    Seen seen = rowsPassing(pass, tests);
+Question intervals(RowConditions conditions, Holds holds) {
+  return [conditions = std::move(conditions), holds](const Pass& pass) {
+    Seen seen = rowsPassing(pass, conditions);
     Intervals between;
     for (const std::size_t row : seen.rows) {
       const auto moment = pass.moment(pass.log, row);
@@ -130,16 +131,16 @@ Question trend(std::size_t column, int wanted) {
 
 }  // namespace
 
-Seen rowsPassing(const Pass& pass, const Tests& tests) {
+Seen rowsPassing(const Pass& pass, const RowConditions& conditions) {
   std::vector<double> limits;
-  for (const Test& test : tests) {
-    const auto limit = valueOf(pass, test);
+  for (const CellCondition& condition : conditions) {
+    const auto limit = valueOf(pass, condition);
     if (!limit) return failure();
     limits.push_back(*limit);
   }
   Seen seen;
   for (std::size_t row = 0; row < pass.log.largestRow(); ++row) {
-    const auto good = rowPasses(pass.log.row(row), tests, limits);
+    const auto good = rowPasses(pass.log.row(row), conditions, limits);
     seen.failed = !good;
     if (seen.failed) break;
     if (*good) seen.rows.push_back(row);
@@ -148,28 +149,28 @@ Seen rowsPassing(const Pass& pass, const Tests& tests) {
   return seen;
 }
 
-Question any(Tests tests) {
-  return [tests = std::move(tests)](const Pass& pass) { return rowsPassing(pass, tests); };
+Question any(RowConditions conditions) {
+  return [conditions = std::move(conditions)](const Pass& pass) { return rowsPassing(pass, conditions); };
 }
 
-Question shareAbove(double limit, Tests tests) {
-  return share(std::move(tests), [limit](double part) { return part > limit; });
+Question shareAbove(double limit, RowConditions conditions) {
+  return share(std::move(conditions), [limit](double part) { return part > limit; });
 }
 
-Question shareBelow(double limit, Tests tests) {
-  return share(std::move(tests), [limit](double part) { return part < limit; });
+Question shareBelow(double limit, RowConditions conditions) {
+  return share(std::move(conditions), [limit](double part) { return part < limit; });
 }
 
-Question recurring(Tests tests) {
-  return intervals(std::move(tests), comeAgain);
+Question recurring(RowConditions conditions) {
+  return intervals(std::move(conditions), comeAgain);
 }
 
-Question steady(Tests tests) {
-  return intervals(std::move(tests), areSteady);
+Question steady(RowConditions conditions) {
+  return intervals(std::move(conditions), areSteady);
 }
 
-Question steadyAndFrequent(Tests tests) {
-  return intervals(std::move(tests), areSteadyAndFrequent);
+Question steadyAndFrequent(RowConditions conditions) {
+  return intervals(std::move(conditions), areSteadyAndFrequent);
 }
 
 Question rising(std::size_t column) {

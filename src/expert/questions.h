@@ -26,48 +26,48 @@ constexpr Limit ofSmoothedMean(double share) {
 }
 
 // A cell of a row held against a limit.
-struct Test {
+struct CellCondition {
   enum class Relation { Above, AtLeast, Below, AtMost, IsNot };
   std::size_t column;
   Relation relation;
   Limit limit;
 };
-constexpr Test above(std::size_t column, Limit limit) {
-  return {column, Test::Relation::Above, limit};
+constexpr CellCondition above(std::size_t column, Limit limit) {
+  return {column, CellCondition::Relation::Above, limit};
 }
-constexpr Test atLeast(std::size_t column, Limit limit) {
-  return {column, Test::Relation::AtLeast, limit};
+constexpr CellCondition atLeast(std::size_t column, Limit limit) {
+  return {column, CellCondition::Relation::AtLeast, limit};
 }
-constexpr Test below(std::size_t column, Limit limit) {
-  return {column, Test::Relation::Below, limit};
+constexpr CellCondition below(std::size_t column, Limit limit) {
+  return {column, CellCondition::Relation::Below, limit};
 }
-constexpr Test atMost(std::size_t column, Limit limit) {
-  return {column, Test::Relation::AtMost, limit};
+constexpr CellCondition atMost(std::size_t column, Limit limit) {
+  return {column, CellCondition::Relation::AtMost, limit};
 }
-constexpr Test isNot(std::size_t column, Limit limit) {
-  return {column, Test::Relation::IsNot, limit};
+constexpr CellCondition isNot(std::size_t column, Limit limit) {
+  return {column, CellCondition::Relation::IsNot, limit};
 }
 
-// Tests that a row has to pass all of, in their order: a cell is looked at when those before it have passed.
-using Tests = std::vector<Test>;
+// What all a row has to meet, in this order: a cell is looked at when those before it have passed.
+using RowConditions = std::vector<CellCondition>;
 
 // The rows that pass. Fails at a cell that is no number, with the rows before it.
-Seen rowsPassing(const Pass& pass, const Tests& tests);
+Seen rowsPassing(const Pass& pass, const RowConditions& conditions);
 
 // Any row passes.
-Question any(Tests tests);
+Question any(RowConditions conditions);
 
 // The share of the rows that pass, their count over U - 1, lies above, or below, a limit. Fails without a row
 // to divide by.
-Question shareAbove(double limit, Tests tests);
-Question shareBelow(double limit, Tests tests);
+Question shareAbove(double limit, RowConditions conditions);
+Question shareBelow(double limit, RowConditions conditions);
 
 // The rows that pass have two intervals between them, at least. Moments of 0 have none.
-Question recurring(Tests tests);
+Question recurring(RowConditions conditions);
 // The same, and the intervals have no trend.
-Question steady(Tests tests);
+Question steady(RowConditions conditions);
 // The same, and they are more than a hundredth of U - 1.
-Question steadyAndFrequent(Tests tests);
+Question steadyAndFrequent(RowConditions conditions);
 
 // The trend of a column.
 Question rising(std::size_t column);

@@ -24,8 +24,8 @@ struct Logs {
   // dateSerial of the moment; voltage, current, power, neutral-ground voltage, frequency, power factor, crest
   // factor, energy (kWh). The last row of a live chart is the one being filled.
   LogTable<9> chartData;
-  // The last log's raw bytes, one character a byte; its length tells the logs apart: 8196, 110599, from
-  // 131072 on.
+  // The raw bytes of what came last: the frame of the events (8196) or of the history (110599), the joined pages
+  // of a chart memory, the second line's image (512 characters), the scope's blocks while its page is on.
   std::string rawLogBuffer;
   ShownLog shown = ShownLog::None;
   std::string chipID;  // of the device whose log of events, or history, stands in the tables

@@ -53,8 +53,8 @@ struct Main {
         scope(elements) {}
 
   Surroundings around;
-  bool closing = false;  // the user has closed the program; it ends as soon as no write is under way
-  bool ending = false;  // the program is closing: every wait and exchange ends at once
+  bool closing = false;  // the user has closed the program: `ending` follows once no write is under way
+  bool ending = false;   // every wait and exchange ends at once, and the stack unwinds
 
   Link link;
   Exchange exchange;

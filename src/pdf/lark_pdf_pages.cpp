@@ -7,6 +7,8 @@ namespace zephon {
 namespace {
 
 constexpr std::string_view kVersion = "1.3";
+// Comment lines around each object and each thing drawn (TEXT, CELL, LN, RECT, ...), which let the file be read by
+// eye; no viewer heeds them. DEBUT is begin, FIN is end.
 constexpr std::string_view kObjectBegins = "%DEBUT_OBJ/%";
 constexpr std::string_view kObjectEnds = "%FIN_OBJ/%";
 constexpr std::string_view kStream = "stream";

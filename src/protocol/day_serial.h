@@ -18,8 +18,10 @@ inline CalendarTime presentTime(const WallClock& clock) {
   return calendarOf(clock.now().local);
 }
 
-// The program's day number: equals the date value from March 2012 to February 2024. Leap days come from a
-// short table that knows 2012, 2016 and 2020 only, and forgets them from 2025 on.
+// The program's day number, by which a chart's rows are ordered, plotted and timed: equals the date value from
+// March 2012 to February 2024. It counts leap days by a short table that knows 2012, 2016 and 2020 only, and
+// drops them from 2025 on. No date suffers: dateOfSerial, which writes all dates that are seen or saved, counts
+// the same way back.
 double dateSerial(const sysTimeRecord& time);
 
 // The date of a day number, to the nearest second; day of week is set, milliseconds are 0. Where two dates

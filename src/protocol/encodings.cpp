@@ -44,7 +44,7 @@ float addBits(float sum, std::string_view bits, float weight) {
 }
 
 // What binFraction gives for the bits of a big-endian number of `bytes` bytes, 1 to 4. The 24 fraction bits
-// fit a float, so their sum is exact in one step; the whole bits are added one by one as there.
+// fit a float, so their sum is exact in one step; the whole bits are added one by one, as binFraction adds them.
 float fractionOf(std::uint32_t number, std::size_t bytes) {
   if (bytes < 4) return static_cast<float>(number << 8 * (3 - bytes)) * 0x1p-24f;
   float sum = static_cast<float>(number & 0xFFFFFF) * 0x1p-24f;

@@ -11,10 +11,9 @@ namespace {
 
 constexpr std::size_t kNameLength = 10;
 constexpr std::size_t kKeyUpdating = 100;
-constexpr char kCaption[] = "QLT Zephon Diagnostic Tool:    ";
 
 void showUserID(Main& main) {
-  main.frame.formCaption.setCaption(kCaption + main.link.userID);
+  main.frame.formCaption.setCaption(formCaption(main.link.userID));
   main.setup.userIDtxt.setText(main.link.userID);
 }
 

@@ -14,6 +14,12 @@ std::string firmwareText(std::string_view reply, std::int16_t modelLine);
 // "01.A2.FF": the first, third and fifth of five bytes in upper-case hexadecimal.
 std::string chipText(std::string_view reply);
 
+// What stands above the form while a device, or its log, is at hand. QLT, the maker's mark, stands before the
+// tool's name there and in the reports.
+inline std::string formCaption(const std::string& userID) {
+  return "QLT Zephon Diagnostic Tool:    " + userID;
+}
+
 // The ten bytes of a name as the device stores it: filled up with blanks in front, cut after ten. Characters
 // that the device's code page lacks become "?".
 std::string nameBytes(std::string_view name);

@@ -42,7 +42,7 @@ struct Row {
   Bound minimum, maximum, increment;
 };
 
-// Later rows override earlier ones. 80 as the minimum of UVrs at 240 V is no slip.
+// Later rows override earlier ones. The least UVrs is 80 V at either rating; all else grows with it.
 const Row kRows[] = {
     {120, always, kOVco | kOVre | kOVrs, 130, 160, 1},
     {120, always, kUVrs, 80, 110, 1},

@@ -73,8 +73,9 @@ std::optional<std::uint8_t> readSample(Main& main, const Stay& stay, const Devic
   return static_cast<std::uint8_t>(reply->back());
 }
 
-// The sum of 50 samples. One that stays out starts the sum anew, at number 0: then 51 samples are summed,
-// while the average still divides by 50.
+// The sum of 50 samples. One that stays out starts the sum anew at number 0, so that the first sample after the
+// silence counts as none, though it is summed: of 51 in all, of which the average takes 50. That reading is up
+// to two hundredths high; the next one is right.
 std::optional<std::int32_t> sumOfSamples(Main& main, const DeviceCommand& command, int zero) {
   const Stay stay(main);
   std::int32_t sum = 0;

@@ -15,7 +15,7 @@ void captions(Main& main) {
   for (const auto& row : rows) row.label.setCaption(dictText(main, row.key));
 }
 
-// What the device's own table of entries has no line for.
+// What the first 271 entries, which every language file has, have no line for.
 void ownWords(Main& main) {
   MeasurementElements& m = main.measurement;
   const struct {

@@ -6,7 +6,7 @@
 
 namespace zephon {
 
-// What becomes of the program after Form_Load.
+// What becomes of the program after formLoad.
 enum class Started {
   Form,         // the window may be shown
   Ended,        // nothing more to do

@@ -34,7 +34,7 @@ void wireMain(Main& main) {
   wireSaving(main);            // saveBtn
   wireExpert(main);            // expertBtn and findingsList
   main.findings.report = [&main] { saveExpertReport(main); };
-  wireComPage(main);           // saveComBtn, detectComBtn, configComBtn
+  wireComPage(main);  // saveComBtn, detectComBtn, configComBtn
   main.timers.measurementTimer.onTick = [&main] { pollTick(main); };
   main.com.langCombo.onClick = [&main] { chooseLanguage(main); };
   main.frame.helpBtn.onChange = [&main](bool on) {
