@@ -1,4 +1,4 @@
-# Sourced by ./run, ./test, ./bench and .ci/run: installs the Debian packages that are missing.
+# Sourced by ./run, ./test, ./bench and ./package: installs the Debian packages that are missing.
 
 need_packages() {
   missing=""
