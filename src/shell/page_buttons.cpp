@@ -170,6 +170,7 @@ void pageOff(Main& main, const PageRow& row) {
     main.counters.clearCountsRequest = main.energy.clearEnergyRequest = false;
   }
   row.hide(main);
+  showLeftChart(main);
   const PageVisit after = main.pages.wanted;
   wait(main, 10);
   if (stands(main, after) && !anyPageOn(main)) disconnectSub(main);
@@ -190,6 +191,7 @@ void comOff(Main& main) {
   endVisit(main, Page::Com);
   leaveComPage(main);
   hideComPage(main);
+  showLeftChart(main);
 }
 
 }  // namespace

@@ -150,6 +150,10 @@ void pageLayout(Main& main) {
   }
 }
 
+void showLeftChart(Main& main) {
+  if (chartWasLeft(main)) chartPage(main, true);
+}
+
 void hideScopePage(Main& main) {
   main.pages.scopeOn = false;
   clearScopePage(main);
@@ -167,7 +171,7 @@ void hideSetupPage(Main& main) {
   main.timers.Timer3.setEnabled(false);
   setupPage(main, false);
   setupGates(main, {});
-  main.frame.saveBtn.setVisible(chartWasLeft(main));
+  main.frame.saveBtn.setVisible(false);
 }
 
 void hideMeasurementPage(Main& main) {

@@ -17,4 +17,8 @@ void hideOutletsPage(Main& main);
 void hideDataPage(Main& main);
 void hideComPage(Main& main);
 
+// A page has been switched off: where no other is wanted and the chart's rows stand, its elements are there
+// again, so that it can still be saved and analysed.
+void showLeftChart(Main& main);
+
 }  // namespace zephon

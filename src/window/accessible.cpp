@@ -1,6 +1,7 @@
 #include "window/accessible.h"
 
 #include <QAccessibleWidget>
+#include <QWidget>
 
 namespace zephon {
 namespace {

@@ -55,6 +55,16 @@ QString SerialTicker::getTickLabel(double tick, const QLocale& /*locale*/, QChar
   return toQt(time + "\n" + dateSerialText(tick, "mm/dd/yyyy"));
 }
 
+double DivisionTicker::getTickStep(const QCPRange& range) {
+  if (division_ <= 0) return QCPAxisTicker::getTickStep(range);
+  constexpr double kLeast = 2;
+  const double most = 3.0 * tickCount();
+  const double divisions = std::max(range.size() / division_, 1e-12);
+  if (divisions > most) return division_ * std::exp2(std::ceil(std::log2(divisions / most)));
+  if (divisions < kLeast) return division_ * std::exp2(std::floor(std::log2(divisions / kLeast)));
+  return division_;
+}
+
 // The lines above and below the number keep it at its mark.
 QVector<QString> UnitTicker::createLabelVector(const QVector<double>& ticks, const QLocale& locale,
                                                QChar format, int precision) {

@@ -18,8 +18,21 @@ class SerialTicker : public QCPAxisTicker {
   double step_ = 1;
 };
 
+// Numbers, where a division is set at each of it: at every second, fourth ... where they would stand too
+// close, at halves, quarters ... where a single one would be seen.
+class DivisionTicker : public QCPAxisTicker {
+ public:
+  void setDivision(double division) { division_ = division; }
+
+ protected:
+  double getTickStep(const QCPRange& range) override;
+
+ private:
+  double division_ = 0;  // none
+};
+
 // Numbers, of which the topmost has the axis's unit above it.
-class UnitTicker : public QCPAxisTicker {
+class UnitTicker : public DivisionTicker {
  public:
   void setUnit(const QString& unit) { unit_ = unit; }
 

@@ -75,15 +75,19 @@ void GraphCanvas::letGo() {
   const auto& plots = element_.plots();
   for (std::size_t i = 0; i < lines_.size(); ++i) {
     const bool stands = picture_ == element_.picture() && lines_[i]->data() == plots[i].data;
-    if (!stands) lines_[i]->setData(nullptr);
+    if (stands) continue;
+    lines_[i]->setData(nullptr);
+    letGo_ = true;
   }
 }
 
 void GraphCanvas::follow() {
   if (picture_ != element_.picture()) build();
+  letGo_ = false;
   followLines();
   followX();
   titleAxes();
+  takeRanges();
   if (!element_.viewPaused()) fitRanges();
   followCursors();
   followMarks();
@@ -101,10 +105,8 @@ void GraphCanvas::followLines() {
 
 void GraphCanvas::followX() {
   const bool dates = element_.xKind() == Graph::XKind::Date;
-  if (dates != !xAxis->ticker().dynamicCast<SerialTicker>().isNull()) {
-    xAxis->setTicker(dates ? QSharedPointer<QCPAxisTicker>(new SerialTicker)
-                           : QSharedPointer<QCPAxisTicker>(new QCPAxisTicker));
-  }
+  numbers_->setDivision(element_.xDivision());
+  xAxis->setTicker(dates ? QSharedPointer<QCPAxisTicker>(dates_) : numbers_);
   const int apart = dates ? kPixelsAMoment : kPixelsANumber * 2;
   xAxis->ticker()->setTickCount(std::clamp(axisRect()->width() / apart, 2, 8));
   xAxis->setLabel(toQt(element_.xTitle()));
@@ -133,6 +135,7 @@ void GraphCanvas::titleAxes() {
     one.axis->setLabel(titled ? title : QString());
     one.ticker->setUnit(titled ? QString() : unit);
     one.ticker->setTickCount(ticks);
+    one.ticker->setDivision(axes[i].division);
     const QColor text = palette().color(QPalette::Active, QPalette::Text);
     const QColor ink = plotted && visible > 1
                            ? plotStyle(static_cast<std::size_t>(on - plots.begin()), palette()).ink

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "screen/graph.h"
+#include "window/graph_axes.h"
 #include "window/graph_cursor.h"
 #include "window/graph_line.h"
 #include "window/graph_marks.h"
@@ -23,9 +24,9 @@ class GraphCanvas : public QCustomPlot {
   void letGo();
   // Draws the element as it is now.
   void follow();
-  // The same if it shows another picture than what is drawn: for what the user does before the loop turns.
+  // The same if what is drawn has been given up: for what the user does before the loop turns.
   void catchUp() {
-    if (picture_ != element_.picture()) follow();
+    if (letGo_ || picture_ != element_.picture()) follow();
   }
   void dressUp();  // font or palette have changed
 
@@ -61,8 +62,9 @@ class GraphCanvas : public QCustomPlot {
  private:
   struct YAxis {
     QCPAxis* axis = nullptr;  // the library's
-    QSharedPointer<class UnitTicker> ticker;
-    bool own = false;  // the user has moved it
+    QSharedPointer<UnitTicker> ticker;
+    bool own = false;                                  // the user has moved it
+    std::optional<double> minimum = {}, maximum = {};  // as the element had them
   };
   // What the left button holds: a cursor, an axis, or the whole view.
   struct Drag {
@@ -79,6 +81,7 @@ class GraphCanvas : public QCustomPlot {
   void followCursors();
   void followMarks();
 
+  void takeRanges();
   void fitRanges();
   void fitX();
   void fitY(std::size_t axis);
@@ -96,7 +99,7 @@ class GraphCanvas : public QCustomPlot {
   // Lets a cursor go on a point, or at a level.
   void dropOn(std::size_t cursor, std::size_t plot, std::size_t index);
   void dropAt(std::size_t cursor, double level);
-  void readOff(std::size_t cursor);
+  void redrawCursors();
   std::optional<std::size_t> activeCursor() const;
 
   Graph& element_;
@@ -109,7 +112,11 @@ class GraphCanvas : public QCustomPlot {
   std::vector<std::unique_ptr<CursorLine>> cursors_;
   std::size_t active_ = 0;
   std::optional<Drag> drag_;
+  bool letGo_ = false;
   Span span_ = Span::All;
+  std::optional<std::pair<double, double>> givenX_;  // as the element had it
+  QSharedPointer<SerialTicker> dates_ = QSharedPointer<SerialTicker>::create();
+  QSharedPointer<DivisionTicker> numbers_ = QSharedPointer<DivisionTicker>::create();
 };
 
 }  // namespace zephon

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "window/bindings.h"
+
 namespace zephon {
 
 CursorLine::CursorLine(QCustomPlot& plot, int row)
@@ -43,16 +45,15 @@ void CursorLine::draw(QCPPainter* painter) {
   } else {
     return;
   }
-  drawReading(*painter, at);
+  if (!cursor_.reading.empty()) drawReading(*painter, toQt(cursor_.reading), at);
 }
 
 // Beside the line, on whichever side there is room.
-void CursorLine::drawReading(QCPPainter& painter, QPointF at) const {
-  if (reading_.isEmpty()) return;
+void CursorLine::drawReading(QCPPainter& painter, const QString& reading, QPointF at) const {
   constexpr double kGap = 6;
   const QRectF box = clipRect();
   painter.setFont(mParentPlot->font());
-  QRectF text = painter.boundingRect(QRectF(), Qt::AlignLeft, reading_).adjusted(-4, -2, 4, 2);
+  QRectF text = painter.boundingRect(QRectF(), Qt::AlignLeft, reading).adjusted(-4, -2, 4, 2);
   const bool right = horizontal() || at.x() + kGap + text.width() <= box.right();
   text.moveLeft(horizontal() ? box.left() + kGap : right ? at.x() + kGap : at.x() - kGap - text.width());
   text.moveLeft(std::max(text.left(), box.left()));
@@ -64,7 +65,7 @@ void CursorLine::drawReading(QCPPainter& painter, QPointF at) const {
   painter.drawRect(text);
   painter.setPen(ink_);
   painter.setBrush(Qt::NoBrush);
-  painter.drawText(text, Qt::AlignCenter, reading_);
+  painter.drawText(text, Qt::AlignCenter, reading);
 }
 
 }  // namespace zephon

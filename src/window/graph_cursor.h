@@ -14,7 +14,6 @@ class CursorLine : public QCPLayerable {
 
   // Both axes have to stand as long as it is drawn.
   void show(const Graph::Cursor& cursor, QCPAxis& valueAxis, const QColor& ink, bool active);
-  void setReading(const QString& text) { reading_ = text; }
   bool shown() const { return visible(); }
   bool horizontal() const { return cursor_.horizontal; }
   // Distance of a place from the line, in pixels.
@@ -28,14 +27,13 @@ class CursorLine : public QCPLayerable {
   void draw(QCPPainter* painter) override;
 
  private:
-  void drawReading(QCPPainter& painter, QPointF at) const;
+  void drawReading(QCPPainter& painter, const QString& reading, QPointF at) const;
 
   Graph::Cursor cursor_;
   QPointer<QCPAxis> valueAxis_;
   QColor ink_;
   bool active_ = false;
   int row_;  // of its reading, counted from the top
-  QString reading_;
 };
 
 }  // namespace zephon

@@ -4,13 +4,17 @@
 #include <cmath>
 
 namespace zephon {
+namespace {
 
+// Of two stretches, one after the other.
 Extremes::Pair together(const PlotData& data, const Extremes::Pair& a, const Extremes::Pair& b) {
   if (a.least == Extremes::kNone) return b;
   if (b.least == Extremes::kNone) return a;
   return {data.y(b.least) < data.y(a.least) ? b.least : a.least,
           data.y(b.greatest) > data.y(a.greatest) ? b.greatest : a.greatest};
 }
+
+}  // namespace
 
 void Extremes::clear() {
   levels_.clear();

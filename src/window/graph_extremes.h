@@ -39,9 +39,6 @@ class Extremes {
   std::size_t size_ = 0;
 };
 
-// Of two stretches, one after the other, together.
-Extremes::Pair together(const PlotData& data, const Extremes::Pair& a, const Extremes::Pair& b);
-
 // The number of the first point whose x is not below `x`; `size` where there is none.
 std::size_t firstFrom(const PlotData& data, std::size_t size, double x);
 

@@ -69,25 +69,50 @@ QPointF PlotLine::pixelOf(std::size_t index) const {
           std::clamp(valueAxis()->coordToPixel(data_->y(index)), -kFar, kFar)};
 }
 
+// In which order its two points are drawn can not be seen in a column of pixels. That which is nearer to the
+// point before comes first: a dense line is half as long, and as quickly painted, as in the order of time.
 void PlotLine::flush() {
-  if (column_.least == Extremes::kNone) return;
-  const auto [earlier, later] = std::minmax(column_.least, column_.greatest);
-  pieces_.back() << pixelOf(earlier);
-  if (later != earlier) pieces_.back() << pixelOf(later);
-  column_ = {Extremes::kNone, Extremes::kNone};
+  if (column_.points.least == Extremes::kNone) return;
+  QPolygonF& piece = pieces_.back();
+  const auto [least, greatest] = column_.points;
+  const bool up = piece.isEmpty()
+                      ? least < greatest
+                      : std::abs(column_.least - reached_) <= std::abs(column_.greatest - reached_);
+  piece << pixelOf(up ? least : greatest);
+  if (least != greatest) piece << pixelOf(up ? greatest : least);
+  reached_ = up ? column_.greatest : column_.least;
+  column_.points = {Extremes::kNone, Extremes::kNone};
+}
+
+void PlotLine::breakOff() {
+  flush();
+  if (!pieces_.back().isEmpty()) pieces_.emplace_back();
 }
 
 // Points that fall into the same column of pixels are drawn as the column's extremes.
-void PlotLine::take(const Extremes::Pair& pair) {
-  if (pair.least == Extremes::kNone) {
-    flush();
-    if (!pieces_.back().isEmpty()) pieces_.emplace_back();
-    return;
-  }
-  const double pixel = std::floor(keyAxis()->coordToPixel(data_->x(std::min(pair.least, pair.greatest))));
+void PlotLine::take(const Extremes::Pair& points, double least, double greatest) {
+  const double pixel = std::floor(pixelsTo(std::min(points.least, points.greatest)));
   if (pixel != columnPixel_) flush();
   columnPixel_ = pixel;
-  column_ = together(*data_, column_, pair);
+  const bool first = column_.points.least == Extremes::kNone;
+  if (first || least < column_.least) {
+    column_.points.least = points.least;
+    column_.least = least;
+  }
+  if (first || greatest > column_.greatest) {
+    column_.points.greatest = points.greatest;
+    column_.greatest = greatest;
+  }
+}
+
+void PlotLine::takeBlock(const Extremes::Pair& points) {
+  if (points.least == Extremes::kNone) return breakOff();
+  take(points, data_->y(points.least), data_->y(points.greatest));
+}
+
+void PlotLine::takePoint(std::uint32_t index) {
+  const double value = data_->y(index);
+  std::isfinite(value) ? take({index, index}, value, value) : breakOff();
 }
 
 void PlotLine::traceBlock(std::size_t level, std::size_t number, const Stretch& stretch) {
@@ -97,8 +122,8 @@ void PlotLine::traceBlock(std::size_t level, std::size_t number, const Stretch& 
   const std::size_t end = std::min(first + width, size());
   if (end <= stretch.first || first >= stretch.end) return;
   const bool whole = first >= stretch.first && end <= stretch.end;
-  const auto pixel = [this](std::size_t index) { return keyAxis()->coordToPixel(data_->x(index)); };
-  if (whole && std::abs(pixel(end - 1) - pixel(first)) < kNarrow) return take(extremes_.block(level, number));
+  if (whole && pixelsTo(end - 1) - pixelsTo(first) < kNarrow)
+    return takeBlock(extremes_.block(level, number));
   if (level > 0) {
     for (std::size_t i = number * Extremes::kFan;
          i < std::min((number + 1) * Extremes::kFan, extremes_.blocks(level - 1)); ++i) {
@@ -106,17 +131,17 @@ void PlotLine::traceBlock(std::size_t level, std::size_t number, const Stretch& 
     }
     return;
   }
-  for (std::size_t i = std::max(first, stretch.first); i < std::min(end, stretch.end); ++i) {
-    const auto index = static_cast<std::uint32_t>(i);
-    take(std::isfinite(data_->y(i)) ? Extremes::Pair{index, index}
-                                    : Extremes::Pair{Extremes::kNone, Extremes::kNone});
-  }
+  for (std::size_t i = std::max(first, stretch.first); i < std::min(end, stretch.end); ++i)
+    takePoint(static_cast<std::uint32_t>(i));
 }
 
 void PlotLine::trace(const Stretch& stretch) {
   pieces_.assign(1, {});
   if (stretch.first >= stretch.end) return;
   columnPixel_ = -HUGE_VAL;
+  const QCPRange view = keyAxis()->range();
+  lower_ = view.lower;
+  pixelsEach_ = keyAxis()->axisRect()->width() / view.size();
   traceBlock(extremes_.levels() - 1, 0, stretch);
   flush();
 }

@@ -62,18 +62,30 @@ class PlotLine : public QCPAbstractPlottable {
   Stretch inView() const;
   void trace(const Stretch& stretch);
   void traceBlock(std::size_t level, std::size_t number, const Stretch& stretch);
-  void take(const Extremes::Pair& pair);
+  void takeBlock(const Extremes::Pair& points);
+  void takePoint(std::uint32_t index);
+  void take(const Extremes::Pair& points, double least, double greatest);
+  void breakOff();
   void flush();
+  // From the left edge.
+  double pixelsTo(std::size_t index) const { return (data_->x(index) - lower_) * pixelsEach_; }
   QPointF pixelOf(std::size_t index) const;
 
   std::shared_ptr<const PlotData> data_;
   Extremes extremes_;
   std::size_t number_;
   PlotStyle style_{};
-  // While the line is traced: the extremes of the column of pixels that it has reached.
   std::vector<QPolygonF> pieces_;
-  Extremes::Pair column_{Extremes::kNone, Extremes::kNone};
+  // While the line is traced: where the view begins, the extremes of the column of pixels that it has reached,
+  // and the value up to which it is drawn.
+  double lower_ = 0;
+  double pixelsEach_ = 1;
+  struct {
+    Extremes::Pair points{Extremes::kNone, Extremes::kNone};
+    double least = 0, greatest = 0;
+  } column_;
   double columnPixel_ = 0;
+  double reached_ = 0;
 };
 
 // The symbols of all lines, above all lines.

@@ -20,7 +20,7 @@ std::optional<std::size_t> GraphCanvas::cursorAt(QPointF pixel) const {
   std::optional<std::size_t> nearest;
   double least = kReach;
   for (std::size_t i = 0; i < cursors_.size(); ++i) {
-    if (!cursors_[i]->shown() || cursors_[i]->distance(pixel) > least) continue;
+    if (!cursors_[i]->shown() || cursors_[i]->distance(pixel) >= least) continue;
     least = cursors_[i]->distance(pixel);
     nearest = i;
   }

@@ -53,6 +53,21 @@ void GraphCanvas::fitY(std::size_t axis) {
   axes_[axis].axis->setRange(roomy({std::min(lower, upper), std::max(lower, upper)}, 0, kLeastOwn));
 }
 
+// A range that is given anew ends the view that the user has chosen of that axis. Not over dates: there the
+// range moves on with every row.
+void GraphCanvas::takeRanges() {
+  for (std::size_t i = 0; i < axes_.size(); ++i) {
+    YAxis& one = axes_[i];
+    const Graph::Axis& given = element_.axes()[i];
+    if (one.minimum != given.minimum || one.maximum != given.maximum) one.own = false;
+    one.minimum = given.minimum;
+    one.maximum = given.maximum;
+  }
+  const bool another = givenX_ != element_.xRange();
+  givenX_ = element_.xRange();
+  if (another && element_.xKind() == Graph::XKind::Number) span_ = Span::All;
+}
+
 void GraphCanvas::fitRanges() {
   if (span_ != Span::Own) fitX();
   for (std::size_t i = 0; i < axes_.size(); ++i) {

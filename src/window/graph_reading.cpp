@@ -1,10 +1,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "window/bindings.h"
 #include "window/graph_canvas.h"
 
-// The graph's cursors: where they are let go, and what they read off there.
+// The graph's cursors: where they are let go. What they read off there the element tells.
 namespace zephon {
 namespace {
 
@@ -30,22 +29,17 @@ void GraphCanvas::dropOn(std::size_t cursor, std::size_t plot, std::size_t index
   const Graph::Cursor& now = element_.cursors()[cursor];
   if (now.plot == plot && now.x == points.x(index) && now.y == points.y(index)) return;
   element_.dropCursor(cursor, points.x(index), points.y(index), plot, index);
-  readOff(cursor);
+  redrawCursors();
 }
 
 void GraphCanvas::dropAt(std::size_t cursor, double level) {
   const Graph::Cursor& now = element_.cursors()[cursor];
   if (now.y == level) return;
   element_.dropCursor(cursor, now.x, level, now.plot, {});
-  readOff(cursor);
+  redrawCursors();
 }
 
-// What it reads off is its plot's annotation, which is written as it is let go.
-void GraphCanvas::readOff(std::size_t cursor) {
-  if (picture_ != element_.picture() || cursor >= cursors_.size()) return;
-  const auto plot = element_.cursors()[cursor].plot;
-  const bool on = plot && *plot < element_.plots().size();
-  cursors_[cursor]->setReading(on ? toQt(element_.plots()[*plot].annotation) : QString());
+void GraphCanvas::redrawCursors() {
   followCursors();
   replot(QCustomPlot::rpQueuedReplot);
 }
@@ -57,8 +51,7 @@ void GraphCanvas::nextCursor() {
     active_ = (now.value_or(0) + i) % cursors_.size();
     if (element_.cursors()[active_].visible) break;
   }
-  followCursors();
-  replot(QCustomPlot::rpQueuedReplot);
+  redrawCursors();
 }
 
 void GraphCanvas::stepCursor(int points) {

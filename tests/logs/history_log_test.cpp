@@ -48,6 +48,7 @@ TEST(CursorText, readsOffDateValueAndUnit) {
   EXPECT_EQ(cursorText(41425.4375, 118.25, 3, CursorPage::Chart), "05/31/13 10:30:00  118.25 V");
   EXPECT_EQ(cursorText(41425.4375, 2, 2, CursorPage::Chart, true), "05/31/13 10:30:00  2.0 W");
   EXPECT_EQ(cursorText(41275, 0, 2, CursorPage::Data, true), "01/01/13 00:00:00  0.000 W Max");
+  EXPECT_EQ(cursorText(12.5, -2.25, 1, CursorPage::Scope), "12.500 ms  -2.250 A");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <random>
 
+#include "display/chart_table.h"
 #include "shell/tool.h"
 
 // A user who presses anything at any time, on a line where anything can go wrong. Nothing may crash, no
@@ -25,10 +26,13 @@ class Monkey {
     Element& element = *elements[below(elements.size())];
     if (auto* button = dynamic_cast<Button*>(&element)) button->click(mouse());
     if (auto* slider = dynamic_cast<Slider*>(&element)) slider->click();
+    if (&element == &tool_.main.chart.chartIntervalSlide)
+      tool_.main.chart.chartIntervalSlide.setValue(static_cast<double>(below(6)));
     if (auto* edit = dynamic_cast<NumEdit*>(&element)) edit->edit(static_cast<double>(below(320)));
     if (auto* date = dynamic_cast<DateEdit*>(&element)) date->edit(43000 + static_cast<double>(below(5000)));
     if (auto* text = dynamic_cast<TextBox*>(&element)) type(*text);
-    if (auto* graph = dynamic_cast<Graph*>(&element)) dragLevel(*graph);
+    if (auto* graph = dynamic_cast<Graph*>(&element)) dropCursor(*graph);
+    rows_ = std::max(rows_, finishedChartRows(tool_.main));
     if (below(50) == 0) tool_.main.formSize.width = static_cast<int>(below(2000));
     if (auto* list = dynamic_cast<Combo*>(&element))
       list->choose(static_cast<int>(below(list->items().size() + 1)) - 1);
@@ -45,16 +49,20 @@ class Monkey {
     return {.kind = kinds[below(std::size(kinds))], .commands = 1 + static_cast<int>(below(6))};
   }
 
+  // The rows of the longest chart that was recorded.
+  std::size_t rows() const { return rows_; }
+
   std::size_t below(std::size_t bound) {
     return std::uniform_int_distribution<std::size_t>(0, bound - 1)(random_);
   }
 
  private:
   MouseButton mouse() { return below(5) == 0 ? MouseButton::Right : MouseButton::Left; }
-  void dragLevel(Graph& graph) {
+  void dropCursor(Graph& graph) {
     if (!graph.visible() || graph.cursors().empty()) return;
+    const std::size_t cursor = below(graph.cursors().size());
     const double level = static_cast<double>(below(800)) - 400;
-    graph.dropCursor(0, level, level, graph.cursors()[0].plot, {});
+    graph.dropCursor(cursor, level, level, graph.cursors()[cursor].plot, {});
   }
   void type(TextBox& text) {
     text.click();
@@ -63,6 +71,7 @@ class Monkey {
 
   Tool& tool_;
   std::mt19937 random_;
+  std::size_t rows_ = 0;
 };
 
 // Actions arrive as timed calls, so they strike inside exchanges, pauses and message boxes.
@@ -108,6 +117,7 @@ TEST_P(MonkeyTest, NothingIsAmissAfterTenThousandActions) {
   tool.press(f.measBtn);  // and it still works
   tool.run(20'000);
   EXPECT_TRUE(tool.main.pages.measuring);
+  EXPECT_GT(monkey.rows(), 0U);
   EXPECT_EQ(tool.main.capture.capturedMode != 0, GetParam().line == Line::Orvantis);
   formUnload(tool.main);
 }

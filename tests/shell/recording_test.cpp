@@ -231,9 +231,17 @@ TEST(UnsavedChart, CanBeSavedWhileItIsRecordedAndWhenTheLinkIsGone) {
   ASSERT_TRUE(saved) << faultText(*saved.fault);
   EXPECT_EQ(saved.table.size() + 1, tool.main.logs.chartData.size());
   EXPECT_TRUE(f.saveBtn.visible() && f.expertBtn.visible());
-  tool.press(f.setupBtn);
-  tool.run(5000);
-  EXPECT_FALSE(tool.main.chart.vlnChartBtn.visible());
+  tool.device.clearFaults();
+  for (Button* page : {&f.setupBtn, &f.measBtn}) {
+    tool.press(*page);
+    tool.run(5000);
+    EXPECT_FALSE(tool.main.chart.vlnChartBtn.visible()) << page->name();
+    tool.press(*page);
+    EXPECT_TRUE(f.saveBtn.visible() && f.expertBtn.visible()) << page->name();
+    tool.dialogs.saveAnswer = tool.settings / page->name();
+    tool.press(f.saveBtn);
+    EXPECT_NE(tool.settings.get(page->name()), "") << page->name();
+  }
 }
 
 }  // namespace
