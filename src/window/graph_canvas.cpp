@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t kTitled = 3;  // so many axes have titles; of more there is room for the units
 constexpr int kTitledWidth = 520;   // pixels of a graph whose axes have titles
+constexpr int kPlotsWidth = 200;    // pixels that the plots keep before a further axis is drawn
+constexpr int kAxisMarks = 10;      // pixels of an axis beside its numbers
 constexpr int kPixelsAMoment = 90;  // between two dates on an axis
 constexpr int kPixelsANumber = 45;
 constexpr double kSmall = 0.88;  // of the letters, on many axes
@@ -122,6 +124,8 @@ void GraphCanvas::titleAxes() {
   const int ticks = std::clamp(axisRect()->height() / kPixelsANumber, 2, 8);
   QFont letters = font();
   if (!titled) letters.setPointSizeF(letters.pointSizeF() * kSmall);
+  const int each = QFontMetrics(letters).horizontalAdvance(QStringLiteral("0000.00")) + kAxisMarks;
+  int fitting = std::max(1, (width() - kPlotsWidth) / each);
   bool grid = true;  // the first visible axis alone draws one
   for (std::size_t i = 0; i < axes_.size(); ++i) {
     YAxis& one = axes_[i];
@@ -131,7 +135,7 @@ void GraphCanvas::titleAxes() {
     const bool plotted = on != plots.end();
     const QString title = toQt(axes[i].title);
     const QString unit = plotted && !on->unit.empty() ? toQt(on->unit) : title;
-    one.axis->setVisible(axes[i].visible);
+    one.axis->setVisible(axes[i].visible && fitting-- > 0);
     one.axis->setLabel(titled ? title : QString());
     one.ticker->setUnit(titled ? QString() : unit);
     one.ticker->setTickCount(ticks);

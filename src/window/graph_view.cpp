@@ -106,6 +106,7 @@ QString GraphView::legend() const {
     const Graph::Plot& plot = element_.plots()[i];
     if (!plot.visible) continue;
     QString text = toQt(plot.legend).toHtmlEscaped();
+    text.replace(QLatin1Char('-'), QChar(0x2011));  // no line ends at it
     if (!plot.annotation.empty())
       text += QStringLiteral(": <b>%1</b>").arg(toQt(plot.annotation).toHtmlEscaped());
     parts +=

@@ -37,6 +37,12 @@ TEST(ChartPageWindow, DrawsEachRowWithItsGapsAndThePlotsThatAreOn) {
   EXPECT_EQ(canvas.line(1).size(), rows);
   page.key(Qt::Key_P);
   EXPECT_EQ(canvas.line(1).size(), page.main.logs.chartData.size() - 1);
+
+  // A small window, or one at 200 %, keeps its room for the plots and not for their axes.
+  page.window.resize(683, 384);
+  page.pass(2000);
+  EXPECT_GE(canvas.axisRect()->width(), 120);
+  EXPECT_TRUE(canvas.axis(1).visible() && !canvas.axis(6).visible());
 }
 
 }  // namespace
