@@ -36,13 +36,15 @@ TEST(DatFile, writesItsHeader) {
 }
 
 TEST(DatFile, readsBackItsLogs) {
-  const auto read = readEventDat(datFile(kStamp, FileKind::Events, events()), kWest);
+  const std::string file = datFile(kStamp, FileKind::Events, events());  // what is read points into it
+  const auto read = readEventDat(file, kWest);
   ASSERT_TRUE(read) << faultText(*read.fault);
   EXPECT_EQ(read.table, *decodeEventFrame(events(), 240, kWest));
   EXPECT_EQ(read.raw, events());
   EXPECT_EQ(read.identity, (FileIdentity{"   Zähler", "2.00", "01.A2.FF", 240, false}));
   const std::string frame = historyFrame(historyRecord({2013, 5, 31, 10, 0, 0}), 1);
-  const auto history = readHistoryDat(datFile(kStamp, FileKind::History, frame), kWest);
+  const std::string historyFile = datFile(kStamp, FileKind::History, frame);
+  const auto history = readHistoryDat(historyFile, kWest);
   ASSERT_TRUE(history) << faultText(*history.fault);
   EXPECT_EQ(history.table, *decodeHistoryFrame(frame, 240, kWest));
   EXPECT_EQ(history.raw, frame);
