@@ -10,6 +10,7 @@
 #include "protocol/day_serial.h"
 #include "protocol/dict_text.h"
 #include "protocol/energy.h"
+#include "protocol/firmware_gates.h"
 #include "protocol/measurement.h"
 #include "protocol/outlets.h"
 #include "protocol/sampled_volts.h"
@@ -31,13 +32,13 @@ constexpr Button C::*kButtons[] = {&C::vlnChartBtn, &C::aChartBtn,  &C::pChartBt
 
 struct Query {
   bool (*read)(Main&);
-  double pauseMs = 0;                    // ahead of it
-  bool (*asked)(const Link&) = nullptr;  // only of such a device
+  double pauseMs = 0;                          // ahead of it
+  bool (*asked)(const DeviceKind&) = nullptr;  // only of such a device
 };
 constexpr Query kFirstLine[] = {{getVLNrms},    {getIrms}, {getPavg}, {getVNGrms},
                                 {getFrequency}, {getPF},   {getCF},   {getEU}};
 // The first tells the load.
-constexpr Query kSecondLine[] = {{getOutletsTR}, {getVLGtr}, {getVNGtr, 100, measuresNeutralGround}};
+constexpr Query kSecondLine[] = {{getOutletsTR}, {getVLGtr}, {getVNGtr, 100, recordsNeutralGround}};
 
 std::span<const Query> queriesOf(const Link& link) {
   if (link.modelLine == 1) return kSecondLine;
@@ -71,7 +72,7 @@ std::optional<Answered> askOnce(Main& main, const Tick& tick) {
   int asked = 0;
   int failed = 0;
   for (const Query& query : queriesOf(main.link)) {
-    if (query.asked && !query.asked(main.link)) continue;
+    if (query.asked && !query.asked(kindOf(main.link))) continue;
     if (query.pauseMs > 0) wait(main, query.pauseMs);
     if (!tick.goesOn()) return {};
     if (!query.read(main)) ++failed;
@@ -160,6 +161,7 @@ void wireChartPage(Main& main, const PageExits& exits) {
 
 void startChartPage(Main& main) {
   takeUpChart(main);
+  choosePlots(main);
   for (std::size_t i = 0; i < std::size(kButtons); ++i) {
     (main.chart.*kButtons[i]).setValue(main.recording.chartPlotOn[i]);
   }

@@ -1,7 +1,9 @@
 #include "display/live_chart.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
+#include <utility>
 
 #include "display/chart_series.h"
 #include "display/chart_table.h"
@@ -36,15 +38,9 @@ class LiveColumn : public PlotData {
   std::size_t column_;
 };
 
-// The second line measures voltages alone.
-bool isMeasured(const Link& link, std::size_t plot) {
-  if (plot == kNeutralGround) return measuresNeutralGround(link);
-  return link.modelLine == 0 || plot == kLineVoltage;
-}
-
-// What is not measured draws nothing, whatever its button says.
 bool isShown(const Main& main, std::size_t plot) {
-  return main.recording.chartPlotOn[plot] && isMeasured(main.link, plot);
+  if (plot == kNeutralGround && !recordsNeutralGround(kindOf(main.link))) return false;
+  return main.recording.chartPlotOn[plot];
 }
 
 std::string annotationOf(const Main& main, std::size_t plot) {
@@ -65,8 +61,13 @@ bool cursorsAreDue(const Graph& graph) {
 
 }  // namespace
 
-bool measuresNeutralGround(const Link& link) {
-  return recordsNeutralGround(kindOf(link));
+void choosePlots(Main& main) {
+  std::array<bool, kChartPlots> measured{};
+  measured.fill(main.link.modelLine == 0);
+  measured[kLineVoltage] = true;
+  measured[kNeutralGround] = recordsNeutralGround(kindOf(main.link));
+  if (std::exchange(main.recording.measuredPlots, measured) != measured)
+    main.recording.chartPlotOn = measured;
 }
 
 void showLiveChart(Main& main) {

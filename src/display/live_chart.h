@@ -8,6 +8,10 @@ namespace zephon {
 // Which of them are shown is told by chartPlotOn; the neutral-ground voltage only of a device that measures
 // it.
 
+// Sets chartPlotOn to the plots that the device measures, when it measures others than the one before. The
+// second line measures voltages alone: its other columns keep the values that stood, and are drawn on demand.
+void choosePlots(Main& main);
+
 // Shows the recording anew, with all rows that stand.
 void showLiveChart(Main& main);
 
@@ -17,8 +21,5 @@ void showLiveRow(Main& main);
 
 // Shows or hides a plot, with its axis, by chartPlotOn.
 void showLivePlot(Main& main, std::size_t plot);
-
-// The second line tells the neutral-ground voltage on 120 V from firmware "2.00" on.
-bool measuresNeutralGround(const Link& link);
 
 }  // namespace zephon

@@ -24,6 +24,7 @@ struct ChartJournal {
 struct Recording {
   // Which plots are shown, in the order of the chart's buttons; all at the start.
   std::array<bool, 8> chartPlotOn{true, true, true, true, true, true, true, true};
+  std::array<bool, 8> measuredPlots = chartPlotOn;  // by the device that was recorded last
   // chartData is a live chart, and its last row the one being filled; otherwise it came from a device's
   // memory or a file, whole.
   bool live = false;

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string_view>
-
 #include "form/words.h"
 
 namespace zephon {

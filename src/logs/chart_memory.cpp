@@ -72,7 +72,7 @@ std::int64_t fourDecimals(float value) {
   std::int64_t roundest = -1;
   for (std::int64_t unit = 1; unit <= 10000; unit *= 10) {
     const auto units = static_cast<double>(unit);
-    const std::int64_t tried = static_cast<std::int64_t>(scaled / units + 0.5) * unit;
+    const std::int64_t tried = std::llround(scaled / units) * unit;
     const double off = std::abs(scaled - static_cast<double>(tried));
     if (std::abs(off - reach) < kBrink || std::abs(off - units / 2) < kBrink)
       return fourDecimalsOfText(value);

@@ -18,13 +18,13 @@ CalendarTime LocalClock::local(const DeviceDateBytes& bytes) {
     knownBytes_ = dateBytes;
     knownDay_ = calendarDay(yearOf(bytes.year), bcdByte(bytes.month), bcdByte(bytes.day));
   }
-  const std::int64_t seconds = knownDay_ * kSecondsPerDay + bcdByte(bytes.hour) * 3600 +
-                               bcdByte(bytes.minute) * 60 + bcdByte(bytes.second) - offsetSeconds_;
+  const int intoDay = bcdByte(bytes.hour) * 3600 + bcdByte(bytes.minute) * 60 + bcdByte(bytes.second);
+  const std::int64_t seconds = knownDay_ * kSecondsPerDay + intoDay - offsetSeconds_;
   const std::int64_t intoKnown = seconds - localDay_ * kSecondsPerDay;
   if (localDate_.year == 0 || intoKnown < 0 || intoKnown >= kSecondsPerDay) {
     localDate_ = calendarFromSeconds(seconds);
-    const int intoDay = localDate_.hour * 3600 + localDate_.minute * 60 + localDate_.second;
-    localDay_ = (seconds - intoDay) / kSecondsPerDay;
+    const int intoLocal = localDate_.hour * 3600 + localDate_.minute * 60 + localDate_.second;
+    localDay_ = (seconds - intoLocal) / kSecondsPerDay;
     return localDate_;
   }
   const int rest = static_cast<int>(intoKnown);

@@ -90,7 +90,7 @@ void takeStrays(Main& main, std::string& bytes, std::size_t frameBytes, std::siz
   const char flag = bytes[bytes.size() - frameBytes + flagOffset];
   if (flag == '0' || flag == '1') return;
   bytes += receive(main, kEverything, {.windowMs = kStrayMs}).bytes;
-  main.exchange.replyAbandoned = false;
+  forgetAbandonedReply(main);
 }
 
 }  // namespace
@@ -123,7 +123,7 @@ bool drainLine(Main& main, const LogControls& controls) {
   receive(main, kEverything, {.watchdogMs = kDrainMs});
   if (!goesOn(main, stay)) return false;
   main.exchange.timedOut = false;
-  main.exchange.replyAbandoned = false;
+  forgetAbandonedReply(main);
   flushPort(main);
   return true;
 }

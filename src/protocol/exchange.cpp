@@ -67,7 +67,7 @@ bool runOut(Main& main, const PageVisit& visit, double quietMs, double longestMs
     if (!stands(main, visit)) return false;
     CommAwait(port, main.link.commPort, quiet);
   }
-  main.exchange.replyAbandoned = false;
+  forgetAbandonedReply(main);
   return stands(main, visit);
 }
 
@@ -126,6 +126,10 @@ void wait(Main& main, double milliseconds) {
 
 void flushPort(Main& main) {
   if (portIsOpen(main)) CommFlush(portOf(main), main.link.commPort);
+}
+
+void forgetAbandonedReply(Main& main) {
+  main.exchange.replyAbandoned = false;
 }
 
 bool settleLine(Main& main) {

@@ -37,6 +37,9 @@ void flushPort(Main& main);
 // False when the visit is over by then.
 bool settleLine(Main& main);
 
+// Nothing of a given-up reply can come any more: the line has fallen silent, or has another speed now.
+void forgetAbandonedReply(Main& main);
+
 // Sends bare characters. False when the port is closed or takes another count than there are.
 bool sendText(Main& main, std::string_view text);
 

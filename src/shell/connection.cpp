@@ -59,7 +59,7 @@ Answer findModelLine(Main& main, const PageVisit& visit) {
   main.link.modelLine = static_cast<std::int16_t>((main.link.modelLine + 1) % 2);
   closePort(main);
   if (!openPort(main)) return Answer::CantOpen;
-  main.exchange.replyAbandoned = false;  // at the other speed nothing of it can come
+  forgetAbandonedReply(main);
   return getFirmwareVersion(main) ? Answer::Yes : Answer::No;
 }
 

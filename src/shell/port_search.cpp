@@ -91,7 +91,7 @@ class Search {
       wait(main_, opened ? kPauseMs : 0);
       if (!stands()) return false;
       opened = openPort(main_);
-      main_.exchange.replyAbandoned = false;  // nobody has been asked anything here yet
+      forgetAbandonedReply(main_);  // nobody has been asked anything here yet
       if (opened && conditionerAnswers(main_)) return true;
       if (!stands()) return false;  // whoever stopped it has closed the port
       if (!port(main_).open) break;

@@ -138,10 +138,10 @@ void GraphView::tell() {
   setAccessibleDescription(text + say(words::kGraphKeys));
 }
 
-// A line that a longer reading needs stays, lest the graph jump.
+// A line that a longer reading needs stays, lest the graph jump: a label never asks for less than its least.
 void GraphView::keepRoom(bool anew) {
-  const int wanted = std::max(readings_->heightForWidth(width() - 6), 0);
-  readings_->setMinimumHeight(anew ? wanted : std::max(wanted, readings_->minimumHeight()));
+  if (anew) readings_->setMinimumHeight(0);
+  readings_->setMinimumHeight(std::max(readings_->heightForWidth(width() - 6), 0));
 }
 
 void GraphView::contextMenuEvent(QContextMenuEvent* event) {

@@ -166,8 +166,13 @@ TEST_F(ChartPage, TheSecondLineIsAskedForWhatItHas) {
     EXPECT_NEAR(page.row(0)[1], one.rating * 0.95, 1.5);
     EXPECT_NEAR(page.row(0)[4], one.neutral ? 12 : 0, 1.5);
     EXPECT_EQ(page.graph.plots()[3].visible, one.neutral);
-    EXPECT_TRUE(page.graph.plots()[0].visible && page.c.euChartBtn.value());
+    EXPECT_EQ(page.c.vngChartBtn.value(), one.neutral);
+    EXPECT_TRUE(page.graph.plots()[0].visible && page.c.vlnChartBtn.value());
     for (const std::size_t i : {1, 2, 4, 5, 6, 7}) EXPECT_FALSE(page.graph.plots()[i].visible) << i;
+    page.c.euChartBtn.setValue(true);
+    page.c.vngChartBtn.setValue(true);
+    EXPECT_TRUE(page.graph.plots()[7].visible) << "the value that stands is drawn on demand";
+    EXPECT_EQ(page.graph.plots()[3].visible, one.neutral);
     EXPECT_EQ(page.graph.plots()[0].annotation.find('.'), std::string::npos);
     page.device.cutLine();  // all that this device is asked have failed then
     const std::size_t before = page.rows();

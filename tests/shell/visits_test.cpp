@@ -83,7 +83,8 @@ TEST(Leaving, InTheMiddleOfAnythingWindsDownSilently) {
         if (main.pages.measuring && doing.line == Line::Orvantis) {
           EXPECT_EQ(main.measurement.VlnLbl.caption(), "118.00 V");
         }
-        EXPECT_FALSE(main.scope.CH1togBtn.visible() || main.data.tsDataBtn.visible());
+        EXPECT_FALSE(main.scope.CH1togBtn.visible() || main.data.tsDataBtn.visible() ||
+                     main.pages.dataPageActive);
         EXPECT_FALSE(main.timers.scopeTimer.enabled() || main.data.cancelDataBtn.visible());
         EXPECT_TRUE(f.measBtn.enabled() && f.dataBtn.enabled() && f.helpBtn.enabled());
         for (Button* page : {&from, to}) page->setValue(false);
