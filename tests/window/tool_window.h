@@ -1,51 +1,103 @@
 #pragma once
 
-#include <QApplication>
-#include <QTest>
+#include <gtest/gtest.h>
+
+#include <functional>
 
 #include "shell/tool.h"
-#include "window/graph_canvas.h"
+#include "window/hands.h"
 #include "window/main_window.h"
 
 namespace zephon::testing_support {
 
-// The whole tool with its window and a simulated device, in virtual time; worked through its widgets.
+// A site with something in all its logs.
+inline simulator::Options busySite(simulator::Story story = simulator::Story::Lively) {
+  simulator::Options options;
+  options.site = story;
+  options.pastSeconds = 5 * 86400;
+  options.recordingHours = 2;
+  return options;
+}
+
+// The whole tool with its window and a simulated device, in virtual time.
 struct ToolWindow : Tool {
-  explicit ToolWindow(Button FrameElements::*page) {
-    device.hold({.volts = 120, .amps = 10, .hertz = 60, .powerFactor = 1});
-    window.resize(1280, 720);
+  explicit ToolWindow(const simulator::Profile& profile = {}, const std::string& language = "EN",
+                      const simulator::Options& site = busySite())
+      : Tool(profile, site, language) {
+    window.resize(1024, 600);
     window.show();
-    press(main.frame.*page);
-    pass(500);
+    settle();
   }
+
   // Time goes on, and what there is then is drawn.
   void pass(double milliseconds) {
     run(milliseconds);
-    for (int i = 0; i < 5; ++i) QApplication::processEvents();
+    settle();
   }
-  QWidget* find(const std::string& name) { return window.findChild<QWidget*>(QString::fromStdString(name)); }
-  GraphCanvas& canvas() { return dynamic_cast<GraphCanvas&>(*find("canvas")); }
-  std::string readings() { return window.findChild<QLabel*>("readings")->text().toStdString(); }
-  void click(const Button& button) {
-    QTest::mouseClick(find(button.name()), Qt::LeftButton);
-    pass(0);
+  // Presses a button of the form, if it is there, and lets the device answer.
+  void use(Button& button, double milliseconds = 0) {
+    if (!button.visible() || !button.enabled()) return;
+    press(button);
+    pass(milliseconds);
   }
+  // Calls `look` with each thing that can be on the screen, and its name.
+  void walk(const std::function<void(const std::string& page)>& look);
+
+  template <class Widget = QWidget>
+  Widget* find(const std::string& name) {
+    return dynamic_cast<Widget*>(window.findChild<QWidget*>(QString::fromStdString(name)));
+  }
+  GraphCanvas& canvas() { return *find<GraphCanvas>("canvas"); }
+  std::string readings() { return find<QLabel>("readings")->text().toStdString(); }
   void key(Qt::Key key, Qt::KeyboardModifiers held = {}) {
     QTest::keyClick(find("CWGraph2"), key, held);
-    pass(0);
-  }
-  QPoint at(double x, std::size_t axis, double y) {
-    return {qRound(canvas().xAxis->coordToPixel(x)), qRound(canvas().axis(axis).coordToPixel(y))};
-  }
-  void drag(QPoint from, QPoint to) {
-    QTest::mousePress(&canvas(), Qt::LeftButton, {}, from);
-    QMouseEvent move(QEvent::MouseMove, to, canvas().mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
-    QApplication::sendEvent(&canvas(), &move);
-    QTest::mouseRelease(&canvas(), Qt::LeftButton, {}, to);
-    pass(0);
+    settle();
   }
 
   MainWindow window{main, [] {}};
 };
+
+// From the start page on, whatever page is open.
+inline void ToolWindow::walk(const std::function<void(const std::string& page)>& look) {
+  FrameElements& f = main.frame;
+  DataElements& d = main.data;
+  const struct {
+    const char* page;
+    Button* button;
+    double milliseconds;
+  } steps[] = {{"start", nullptr, 0},
+               {"port", &f.comBtn, 0},
+               {"", &f.comBtn, 0},
+               {"measurement", &f.measBtn, 5000},
+               {"scope", &f.ScopeBtn, 2000},
+               {"chart", &f.ChartBtn, 5000},
+               {"outlets", &f.outletsBtn, 2000},
+               {"data", &f.dataBtn, 500},
+               {"events", &d.tsDataBtn, 0},
+               {"findings", &f.expertBtn, 0},
+               {"history", &d.histDataBtn, 0},
+               {"graph", &d.maxMinHistBtn, 0},
+               {"memory", &d.cmDataBtn, 0},
+               {"setup", &f.setupBtn, 1000}};
+  for (Button* page : {&f.measBtn, &f.ScopeBtn, &f.ChartBtn, &f.outletsBtn, &f.dataBtn, &f.setupBtn}) {
+    if (page->value()) use(*page);
+  }
+  for (const auto& step : steps) {
+    if (step.button && !(step.button->visible() && step.button->enabled())) continue;
+    if (step.button) use(*step.button, step.milliseconds);
+    if (*step.page) look(step.page);
+  }
+}
+
+// The first line, and the two ratings of the second, which differ in what can be set up.
+inline std::vector<simulator::Profile> allDevices() {
+  return {simulator::makeProfile(simulator::Line::Orvantis), simulator::makeProfile(simulator::Line::Tessara),
+          simulator::makeProfile(simulator::Line::Tessara, 240)};
+}
+
+inline std::string deviceName(const testing::TestParamInfo<simulator::Profile>& device) {
+  const bool first = device.param.line == simulator::Line::Orvantis;
+  return (first ? "Orvantis" : "Tessara") + std::to_string(device.param.rating);
+}
 
 }  // namespace zephon::testing_support

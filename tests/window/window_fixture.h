@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QTest>
-#include <vector>
-
 #include "window/bare_main.h"
+#include "window/hands.h"
 #include "window/main_window.h"
 
 namespace zephon::testing_support {
@@ -22,22 +19,9 @@ class WindowTest : public testing::Test {
     settle();
   }
 
-  static void settle() {
-    for (int pass = 0; pass < 5; ++pass) QApplication::processEvents();
-  }
   void open(bool Pages::*page) {
     bare.open(page);
     settle();
-  }
-  // Our widgets have no meta objects of their own, so Qt can't tell them apart.
-  template <class Widget>
-  std::vector<Widget*> shown() {
-    std::vector<Widget*> found;
-    for (auto* widget : window.findChildren<QWidget*>()) {
-      auto* wanted = dynamic_cast<Widget*>(widget);
-      if (wanted && wanted->isVisible()) found.push_back(wanted);
-    }
-    return found;
   }
   template <class Widget = QWidget>
   Widget* find(const Element& element) {
