@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "display/data_world.h"
+#include "display/report_saving.h"
+#include "expert/expert_button.h"
 
 namespace zephon {
 namespace {
@@ -10,29 +12,27 @@ namespace {
 using testing_support::DataWorld;
 
 using D = DataElements;
-class Saving : public DataWorld, public testing::Test {};
+class Saving : public DataWorld, public testing::Test {
+ protected:
+  // The boxes that a press shows, one after the other.
+  std::string boxesOf(Button& button) {
+    dialogs.forget();
+    button.click();
+    std::string kinds;
+    for (const auto& one : dialogs.shown()) kinds += one.kind + ' ';
+    return kinds;
+  }
+};
 
-// All that a tree shows.
-std::string textsOf(const TreeSource& tree, TreeNode node = kTreeRoot) {
-  std::string texts = node == kTreeRoot ? "" : tree.text(node) + "\n";
-  for (std::size_t i = 0; i < tree.childCount(node); ++i) texts += textsOf(tree, tree.child(node, i));
-  return texts;
-}
-
-// Downloaded, saved, and opened again without the device: as many rows, the same tree.
+// Downloaded, saved, and opened again without the device: as many rows of the same device.
 TEST(SavedFiles, BringBackWhatWasSaved) {
-  const std::pair<Button D::*, bool> rounds[] = {{&D::tsDataBtn, false},
-                                                 {&D::tsDataBtn, true},
-                                                 {&D::histDataBtn, false},
-                                                 {&D::histDataBtn, true},
-                                                 {&D::cmDataBtn, false}};
+  const std::pair<Button D::*, bool> rounds[] = {
+      {&D::tsDataBtn, false}, {&D::tsDataBtn, true}, {&D::histDataBtn, true}, {&D::cmDataBtn, false}};
   for (const auto& [log, raw] : rounds) {
     DataWorld world;
     Button& button = world.d.*log;
     button.click();
     const Logs downloaded = world.main.logs;
-    const auto tree = [&] { return world.d.TreeView1.empty() ? "" : textsOf(*world.d.TreeView1.source()); };
-    const std::string treeBefore = tree();
     if (raw) world.f.saveBtn.click(MouseButton::Right);
     world.dialogs.saveAnswer = world.dialogs.openAnswer = world.folder / (raw ? "log.dat" : "log.csv");
     world.f.saveBtn.click();
@@ -43,14 +43,12 @@ TEST(SavedFiles, BringBackWhatWasSaved) {
     button.click();
     ASSERT_EQ(world.dialogs.shown().size(), 2U) << world.dialogs.shown().back().detail;
     const Logs& opened = world.main.logs;
-    EXPECT_EQ(opened.shown, downloaded.shown);
     EXPECT_EQ(opened.tsData.size(), downloaded.tsData.size());
     EXPECT_EQ(opened.histData.size(), downloaded.histData.size());
     EXPECT_EQ(opened.chartData.size(), downloaded.chartData.size());
     EXPECT_TRUE(opened.rawLogBuffer == (raw ? downloaded.rawLogBuffer : ""));
-    EXPECT_TRUE(tree() == treeBefore);
+    EXPECT_EQ(world.d.TreeView1.empty(), log == &D::cmDataBtn);
     EXPECT_EQ(link.userID + " " + link.chipID + " " + link.firmwareVersion, "ZEPHON SIM 4C.5A.17 1.KD1");
-    EXPECT_TRUE(world.f.saveBtn.visible() && world.f.expertBtn.visible());
   }
 }
 
@@ -70,26 +68,19 @@ TEST_F(Saving, IsRoutedByWhatIsOnTheScreenAndByTheRawBytes) {
   main.chart.vlnChartBtn.setVisible(true);
   expect(130'000, Saved::LiveChart);
   expect(130'001, Saved::InternalChart);
-  for (Button* button : {&main.chart.vlnChartBtn, &d.histDataBtn}) button->setVisible(false);
-  main.logs.shown = ShownLog::None;
-  main.link.modelLine = 1;
-  expect(0, Saved::Events);
 }
 
 TEST_F(Saving, OffersNameFolderAndFormAsksAndTellsWhatFailed) {
-  main.around.folders.program = "/program";
+  main.around.folders.desktop = "/desktop";
   d.tsDataBtn.click();
   f.saveBtn.click();
   f.saveBtn.click(MouseButton::Right);
   EXPECT_EQ(f.saveBtn.caption() + "," + f.saveBtn.tooltip(), "Raw,Save Raw");
-  main.around.folders.desktop = "/desktop";
   f.saveBtn.click();
   f.saveBtn.click(MouseButton::Right);
-  EXPECT_EQ(f.saveBtn.caption() + "," + f.saveBtn.tooltip(), ",Save");
   const std::string name = "PCS Time Stamped Log 03-05-2024 09.30.01.";
   EXPECT_EQ(dialogs.texts(), (std::vector<std::string>{name + "pdf", name + "dat"}));
-  EXPECT_EQ(dialogs.shown()[0].detail + dialogs.shown()[1].detail, "/program/desktop");
-
+  EXPECT_EQ(dialogs.shown()[0].detail, "/desktop");
   dialogs.saveAnswer = folder.put("old.csv", "old");
   dialogs.yes = false;
   f.saveBtn.click();
@@ -111,6 +102,32 @@ TEST_F(Saving, OffersNameFolderAndFormAsksAndTellsWhatFailed) {
     f.saveBtn.click();
     EXPECT_EQ(folder.get("late.csv"), "old") << "the page was left while the question stood";
   }
+}
+
+TEST_F(Saving, AReportIsAskedForWrittenAndOpened) {
+  wireExpert(main);
+  main.findings.report = [this] { saveExpertReport(main); };
+  main.around.folders.program = ZEPHON_RESOURCES;
+  dialogs.saveAnswer = folder / "report.pdf";
+  dialogs.promptAnswer = "120";
+  const auto isPdf = [&] { return folder.get("report.pdf").starts_with("%PDF-1.3"); };
+  d.histDataBtn.click();
+  EXPECT_EQ(boxesOf(f.expertBtn), "prompt saveFile message openInViewer ");
+  EXPECT_EQ(dialogs.shown()[1].text, "PCS Power Quality Report 03-05-2024 09.30.09.pdf");
+  EXPECT_TRUE(isPdf() && f.saveBtn.enabled());
+  folder.put("report.pdf", "old");
+  dialogs.yes = false;
+  EXPECT_EQ(boxesOf(f.expertBtn), "prompt saveFile okCancel ");
+  EXPECT_EQ(folder.get("report.pdf"), "old");
+  dialogs.yes = true;
+  dialogs.hasViewer = false;  // then the user is told where it lies
+  EXPECT_EQ(boxesOf(f.expertBtn), "prompt saveFile okCancel message openInViewer message ");
+  EXPECT_NE(dialogs.texts().back().find(folder / "report.pdf"), std::string::npos);
+  EXPECT_TRUE(isPdf());
+  dialogs.saveAnswer = folder / "missing/report.pdf";
+  EXPECT_EQ(boxesOf(f.expertBtn), "prompt saveFile message ") << "what was not written is not opened";
+  d.tsDataBtn.click();  // events are saved as a report under any name but a .csv file's
+  EXPECT_EQ(boxesOf(f.saveBtn), "saveFile message ");
 }
 
 }  // namespace
