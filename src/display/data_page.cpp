@@ -52,6 +52,11 @@ void openLog(Main& main, const Log& log) {
   if (stay.stands()) enableLogButtons(main, true);
 }
 
+// A chart memory was read that holds nothing: the empty page does not say so by itself.
+bool isEmptyMemory(const Logs& logs) {
+  return logs.shown == ShownLog::None && !logs.rawLogBuffer.empty();
+}
+
 void downloadLog(Main& main, const PageExits& exits, const Log& log) {
   const Stay stay(main);
   enableLogButtons(main, false);
@@ -60,8 +65,11 @@ void downloadLog(Main& main, const PageExits& exits, const Log& log) {
   if (!stay.stands()) return;
   main.pages.dataPageActive = true;  // a transfer that was cancelled leaves the page standing
   if (good || !(main.data.*log.controls.button).value()) {
+    main.exchange.shortfall.clear();
     if (main.logs.shown == ShownLog::Chart) plotChart(main);
-    return enableLogButtons(main, true);
+    enableLogButtons(main, true);
+    if (isEmptyMemory(main.logs)) main.around.dialogs.message(dictText(main, words::kEmptyLog));
+    return;
   }
   main.pages.dataPageActive = false;
   exits.linkLost();

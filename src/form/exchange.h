@@ -24,6 +24,7 @@ struct Exchange {
   bool timedOut = false;    // set by Timer1's tick
   Timer Timer1;             // the one watchdog of all exchanges
   ExchangeFailure lastFailure = ExchangeFailure::None;
+  std::size_t bytesCame = 0;    // of the reply that was asked for last
   int gathering = 0;            // exchanges that wait for a reply, one inside the other
   int writesInFlight = 0;       // the device waits for the rest of what is being written
   bool replyAbandoned = false;  // a reply was given up and may still be on its way

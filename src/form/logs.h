@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -28,7 +29,9 @@ struct Logs {
   // of a chart memory, the second line's image (512 characters), the scope's blocks while its page is on.
   std::string rawLogBuffer;
   ShownLog shown = ShownLog::None;
-  std::string chipID;  // of the device whose log of events, or history, stands in the tables
+  // Of the device whose log of events, or history, stands in the tables.
+  std::string chipID;
+  std::int16_t modelLine = 0;
 };
 
 }  // namespace zephon

@@ -69,7 +69,8 @@ std::optional<std::string> ChartDownload::page(std::string_view address) {
     came = std::max(came, transfer.bytes.size());
     if (transfer.end != TransferEnd::Quiet || !prepareRetry()) break;
   }
-  main_.exchange.shortfall = shortfallText(main_, stream_.size() + came, memory_.pages * kChartPageBytes);
+  if (goesOn(main_, stay_))
+    main_.exchange.shortfall = shortfallText(main_, stream_.size() + came, memory_.pages * kChartPageBytes);
   return std::nullopt;
 }
 

@@ -1,11 +1,14 @@
 #include "logs/event_download.h"
 
+#include <utility>
+
 #include "comm/cable.h"
 #include "logs/event_log.h"
 #include "logs/shown_log.h"
 #include "logs/transfer.h"
 #include "protocol/counters.h"
 #include "protocol/dict_text.h"
+#include "protocol/pic_image.h"
 #include "protocol/pic_import.h"
 
 namespace zephon {
@@ -28,7 +31,7 @@ bool prepare(Main& main, const Stay& stay) {
 
 Events downloadLog(Main& main, const Stay& stay) {
   if (!prepare(main, stay)) return {};
-  auto frame = downloadFrame(main, kEventControls, orvantis::kEventLog, 0);
+  auto frame = downloadFrame(main, kEventControls, orvantis::kEventLog, beginsAsEvents);
   if (!frame) return {};
   main.logs.rawLogBuffer = std::move(*frame);
   return decodeEventFrame(main.logs.rawLogBuffer, main.link.nominalVolts, utcOffset(main.around.clock.now()));
@@ -40,8 +43,10 @@ Events importEvents(Main& main, const Stay& stay) {
   main.data.TreeView1.setTooltip(dictText(main, kKeySecondLine));
   button.setTexts(dictText(main, kKeyDownloading));
   const bool imported = importPIC(main);
-  main.logs.rawLogBuffer = {};
+  const bool whole = !std::exchange(main.logs.rawLogBuffer, {}).empty();
   if (!stay.stands()) return {};
+  if (!imported && !whole && main.pages.dataPageActive)
+    main.exchange.shortfall = shortfallText(main, main.exchange.bytesCame, kImageCharacters);
   button.setTexts(dictText(main, kEventControls.captionKey));
   if (!imported) return {};
   return eventsOfTable(main.pdEvents, main.counters, main.limits, main.dict);

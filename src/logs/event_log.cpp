@@ -62,6 +62,10 @@ std::optional<EventRow> rowOf(const PdEvent& event, const Limits& limits, std::s
 
 }  // namespace
 
+bool beginsAsEvents(std::string_view frame) {
+  return frame.size() == kEventFrameBytes && beginsLog(frame, kLogStart, kRecords * kRecordBytes);
+}
+
 std::optional<LogTable<8>> decodeEventFrame(std::string_view frame, int nominalVolts, UtcOffset offset) {
   if (frame.size() != kEventFrameBytes) return {};
   const std::size_t count = recordCount(frame, kLogStart, kRecordBytes, kRecords);

@@ -20,6 +20,9 @@ namespace zephon {
 //   4-     512 records of 8 bytes, and as many bytes behind them, which move up where blank ones are taken out
 inline constexpr std::size_t kEventFrameBytes = 8196;
 
+// Whether a frame has a flag and an address of the log where they belong.
+bool beginsAsEvents(std::string_view frame);
+
 // The frame's rows in the order of the device's memory: a wrapped log is not rotated. Blank records are left
 // out. A record:
 //   0 event code   1 year   2 day   3 month   4 second   5 minute   6 hour   7 magnitude

@@ -12,13 +12,12 @@ namespace zephon {
 namespace {
 
 constexpr std::size_t kKeyStoppedShort = 208;
-constexpr std::size_t kFlagOffset = 19;
 constexpr double kPauseMs = 50;
 
 std::optional<std::string> download(Main& main, const Stay& stay) {
   if (!checkCOMsettings(main)) return {};
   if (!drainLine(main, kHistoryControls) || !stay.wait(kPauseMs)) return {};
-  return downloadFrame(main, kHistoryControls, orvantis::kHistory, kFlagOffset);
+  return downloadFrame(main, kHistoryControls, orvantis::kHistory, beginsAsHistory);
 }
 
 // The link is up, and the device has stopped in the middle.

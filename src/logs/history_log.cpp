@@ -23,6 +23,11 @@ HistoryRow closingRow(std::string_view clock, UtcOffset offset) {
 
 }  // namespace
 
+bool beginsAsHistory(std::string_view frame) {
+  return frame.size() == kHistoryFrameBytes &&
+         beginsLog(frame.substr(kClockBytes), kLogStart, kRecords * kHistoryRecordBytes);
+}
+
 std::optional<LogTable<12>> decodeHistoryFrame(std::string_view frame, int nominalVolts, UtcOffset offset) {
   if (frame.size() != kHistoryFrameBytes) return {};
   const std::size_t count = recordCount(frame.substr(kClockBytes), kLogStart, kHistoryRecordBytes, kRecords);

@@ -18,6 +18,9 @@ namespace zephon {
 //   23-    6911 records of 16 bytes
 inline constexpr std::size_t kHistoryFrameBytes = 110599;
 
+// Whether a frame has a flag and an address of the log where they belong.
+bool beginsAsHistory(std::string_view frame);
+
 // The frame's rows in the order of the device's memory, without blank records, and one row more that closes
 // the last of them: the moment of the download, with zeros. Sums of rows that were cut short are put right.
 // No rows at all for a log without records; nothing for a frame of another length.

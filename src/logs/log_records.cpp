@@ -13,6 +13,10 @@ std::uint8_t byteAt(std::string_view text, std::size_t i) {
   return static_cast<std::uint8_t>(text[i]);
 }
 
+std::int32_t writeAddress(std::string_view flagAndAddress) {
+  return byteAt(flagAndAddress, 1) << 16 | byteAt(flagAndAddress, 2) << 8 | byteAt(flagAndAddress, 3);
+}
+
 }  // namespace
 
 const std::uint8_t* LogRecords::record(std::size_t index) {
@@ -46,14 +50,19 @@ void LogRecords::removeFirstBlank() {
   }
 }
 
+bool beginsLog(std::string_view flagAndAddress, std::int32_t logStart, std::size_t logBytes) {
+  const std::int32_t written = writeAddress(flagAndAddress) - logStart;
+  return (flagAndAddress[0] == '0' || flagAndAddress[0] == '1') && written >= 0 &&
+         static_cast<std::size_t>(written) <= logBytes;
+}
+
 std::size_t recordCount(std::string_view flagAndAddress, std::int32_t logStart, std::size_t recordBytes,
                         std::size_t most) {
   const double flag = numberAtStart(flagAndAddress.substr(0, 1));
   if (flag == 1) return most;
   if (flag != 0) return 0;
-  const std::int32_t address =
-      byteAt(flagAndAddress, 1) << 16 | byteAt(flagAndAddress, 2) << 8 | byteAt(flagAndAddress, 3);
-  const std::int32_t count = toInt32((address - logStart) / static_cast<double>(recordBytes)).value_or(0);
+  const std::int32_t count =
+      toInt32((writeAddress(flagAndAddress) - logStart) / static_cast<double>(recordBytes)).value_or(0);
   return std::min(static_cast<std::size_t>(std::max(count, 0)), most);
 }
 

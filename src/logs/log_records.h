@@ -49,6 +49,9 @@ void walkRecords(std::string_view data, std::size_t recordBytes, std::size_t cou
   }
 }
 
+// Whether a wrap flag stands here and behind it an address within a log of that size.
+bool beginsLog(std::string_view flagAndAddress, std::int32_t logStart, std::size_t logBytes);
+
 // How many records stand in a log, at most `most`: the wrap flag's number decides between the write address,
 // counted from where the log begins, and all.
 std::size_t recordCount(std::string_view flagAndAddress, std::int32_t logStart, std::size_t recordBytes,

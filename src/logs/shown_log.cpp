@@ -21,6 +21,7 @@ LegendColours legendOf(const Slider& record) {
 void showTree(Main& main, ShownLog log, std::shared_ptr<const TreeSource> source) {
   main.logs.shown = log;
   main.logs.chipID = main.link.chipID;
+  main.logs.modelLine = main.link.modelLine;
   main.frame.CWGraph2.setVisible(false);
   main.data.TreeView1.setSource(std::move(source));
   main.data.TreeView1.setVisible(true);
@@ -63,6 +64,8 @@ void forgetLogs(Main& main) {
 
 void showLogAgain(Main& main) {
   if (main.logs.chipID != main.link.chipID) return;
+  if (!main.link.connected)
+    main.link.modelLine = main.logs.modelLine;  // a dead line was tried as the other one
   if (!main.logs.histData.empty()) return showHistory(main);
   if (!main.logs.tsData.empty()) showEvents(main);
 }

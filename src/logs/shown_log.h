@@ -17,7 +17,8 @@ void hideFindings(Main& main);
 void forgetLogs(Main& main);
 
 // Shows the log of events, or the history, that still stands in its table, unless the device at hand is
-// another one than its own.
+// another one than its own. Without a device the line is again the log's own: a dead line has been tried as the
+// other one.
 void showLogAgain(Main& main);
 
 // The tree of tsData, or an empty one without rows; it can be saved and analysed.

@@ -1,6 +1,7 @@
 #include "logs/transfer.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "comm/mod_comm.h"
 #include "protocol/dict_text.h"
@@ -14,6 +15,7 @@ constexpr std::size_t kEverything = std::string::npos;
 constexpr std::int32_t kReadSize = 8196;
 constexpr double kDrainMs = 200;
 constexpr double kStrayMs = 20;
+constexpr double kLongestStrayMs = 500;
 
 ExchangeFailure failureOf(const Transfer& transfer) {
   switch (transfer.end) {
@@ -84,12 +86,9 @@ TransferEnd gatherBytes(Main& main, std::size_t wanted, const Patience& patience
   return TransferEnd::Whole;
 }
 
-// Stray bytes ahead of a frame push its last ones out of the count: without the flag in its place, what is
-// still to come is taken as well.
-void takeStrays(Main& main, std::string& bytes, std::size_t frameBytes, std::size_t flagOffset) {
-  const char flag = bytes[bytes.size() - frameBytes + flagOffset];
-  if (flag == '0' || flag == '1') return;
-  bytes += receive(main, kEverything, {.windowMs = kStrayMs}).bytes;
+// Stray bytes ahead of a frame push its last ones out of the count: what is still to come is taken as well.
+void takeStrays(Main& main, std::string& bytes) {
+  bytes += receive(main, kEverything, {.watchdogMs = kLongestStrayMs, .windowMs = kStrayMs}).bytes;
   forgetAbandonedReply(main);
 }
 
@@ -165,18 +164,19 @@ void ShownTransfer::setProgressVisible(bool on) {
 }
 
 std::optional<std::string> downloadFrame(Main& main, const LogControls& controls,
-                                         const DeviceCommand& command, std::size_t flagOffset) {
+                                         const DeviceCommand& command, FrameCheck beginsRight) {
   const auto wanted = static_cast<std::size_t>(command.replyBytes);
+  const Stay stay(main);
   if (!sendText(main, command.text)) return std::nullopt;
   ShownTransfer shown(main, controls);
   Transfer transfer = receive(main, wanted, {.watchdogMs = command.timeoutMs},
                               [&](std::size_t came) { shown.show(came, wanted); });
   if (transfer.end != TransferEnd::Whole) {
-    main.exchange.shortfall = shortfallText(main, transfer.bytes.size(), wanted);
+    if (goesOn(main, stay)) main.exchange.shortfall = shortfallText(main, transfer.bytes.size(), wanted);
     return std::nullopt;
   }
-  const Stay stay(main);
-  takeStrays(main, transfer.bytes, wanted, flagOffset);
+  const auto frame = std::string_view(transfer.bytes).substr(transfer.bytes.size() - wanted);
+  if (!beginsRight(frame)) takeStrays(main, transfer.bytes);
   if (!goesOn(main, stay)) return std::nullopt;
   transfer.bytes.erase(0, transfer.bytes.size() - wanted);
   return std::move(transfer.bytes);
@@ -192,7 +192,7 @@ bool endWithoutLog(Main& main, const Stay& stay) {
   main.exchange.Timer1.setEnabled(false);
   if (!main.pages.dataPageActive) return true;
   if (main.link.connected) return false;
-  main.around.dialogs.message(dictText(main, kKeyNotRead), main.exchange.shortfall);
+  main.around.dialogs.message(dictText(main, kKeyNotRead), std::exchange(main.exchange.shortfall, {}));
   return true;
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "logs/log_controls.h"
 #include "protocol/stay.h"
@@ -71,12 +72,14 @@ class ShownTransfer {
   ElementsHeld held_;  // the page buttons, and the help, which would keep the loop from its bytes
 };
 
-// Sends the command of a log that comes as one frame and gathers it: its last bytes. `flagOffset` is where
-// the frame has its wrap flag, "0" or "1"; a frame without one there may have had stray bytes ahead, and what
-// else comes decides. Nothing when it was ended or stopped short; Exchange::shortfall then tells how much
-// came, if some of it did.
+// Whether a frame has its wrap flag and write address where they belong.
+using FrameCheck = bool (*)(std::string_view frame);
+
+// Sends the command of a log that comes as one frame and gathers it: its last bytes. A frame that does not
+// begin as it should may have had stray bytes ahead, and what else comes decides. Nothing when it was ended or
+// stopped short; in that case Exchange::shortfall tells how much came, if some of it did.
 std::optional<std::string> downloadFrame(Main& main, const LogControls& controls,
-                                         const DeviceCommand& command, std::size_t flagOffset);
+                                         const DeviceCommand& command, FrameCheck beginsRight);
 
 // The words of a shortfall: "8195 of 8196 bytes came.", none unless some came.
 std::string shortfallText(const Main& main, std::size_t came, std::size_t wanted);

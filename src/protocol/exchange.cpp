@@ -88,6 +88,7 @@ std::optional<std::string> gatherFor(Main& main, PageVisit visit, double timeout
   while (!complete(gathered)) {
     const std::int32_t count = CommRead(port, main.link.commPort, exchange.replyBuffer, readSize);
     gathered += exchange.replyBuffer;
+    exchange.bytesCame = gathered.size();
     if (!stands(main, visit)) return fail(main, ExchangeFailure::Cancelled);
     if (exchange.timedOut && unreadable) return fail(main, ExchangeFailure::Closed);
     if (exchange.timedOut) {

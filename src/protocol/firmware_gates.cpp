@@ -45,7 +45,11 @@ bool pollsNeutralGround(const DeviceKind& device) {
 }
 
 bool recordsNeutralGround(const DeviceKind& device) {
-  return isFirstLine(device) || (device.firmware >= "2.00" && device.nominalVolts == 120);
+  return isFirstLine(device) || exportsNeutralGround(device);
+}
+
+bool exportsNeutralGround(const DeviceKind& device) {
+  return device.firmware >= "2.00" && device.nominalVolts == 120;
 }
 
 bool judgesNeutralGround(const DeviceKind& device) {

@@ -35,13 +35,15 @@ FirmwareGates firmwareGates(const DeviceKind& device);
 // Whether it counts current overloads.
 bool countsOverloads(const DeviceKind& device);
 
-// The neutral-ground voltage is asked for in three places, each by a condition of its own; its meter
-// (FirmwareGates::neutralGround) goes by a fourth.
+// The neutral-ground voltage is asked for in four places, each by a condition of its own; its meter
+// (FirmwareGates::neutralGround) goes by a fifth.
 // In a polling pass: any device of the second line without the mark of 208/240 V is asked, also one so old
 // that its meter is hidden.
 bool pollsNeutralGround(const DeviceKind& device);
-// In a chart, its file and the unattended export: the second line's only from "2.00" on, and for 120 V.
+// In a chart and its file: the second line's only from "2.00" on, and for 120 V.
 bool recordsNeutralGround(const DeviceKind& device);
+// In the unattended export: that goes for either line, and leaves it out for the first line's "1.KD1".
+bool exportsNeutralGround(const DeviceKind& device);
 // In the analysis: what is recorded counts only on a line of 120 V, also of the first line.
 bool judgesNeutralGround(const DeviceKind& device);
 

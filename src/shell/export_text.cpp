@@ -1,6 +1,7 @@
 #include "shell/export_text.h"
 
 #include <initializer_list>
+#include <span>
 #include <vector>
 
 #include "files/csv_write.h"
@@ -60,9 +61,14 @@ constexpr Quantity kSecondLine[] = {kVoltage, kNeutralGround};
 constexpr std::size_t kKeyEnergy = 131;
 constexpr char kEnergyPicture[] = "###0.0000";
 
-std::span<const Quantity> quantitiesOf(const Link& link) {
-  if (link.modelLine == 0) return kFirstLine;
-  return std::span(kSecondLine).first(recordsNeutralGround(kindOf(link)) ? 2 : 1);
+std::vector<Quantity> quantitiesOf(const Link& link) {
+  const bool first = link.modelLine == 0;
+  std::vector<Quantity> quantities;
+  for (const Quantity& one : first ? std::span<const Quantity>(kFirstLine) : kSecondLine) {
+    if (one.reading != kNeutralGround.reading || exportsNeutralGround(kindOf(link)))
+      quantities.push_back(one);
+  }
+  return quantities;
 }
 
 std::string nameOf(const Main& main, const Quantity& one) {

@@ -23,9 +23,10 @@ class DataWorld : public DownloadWorld {
     main.link.chipID = "4C.5A.17";
   }
 
-  // The user unplugs the device and opens the page again.
+  // The user unplugs the device and opens the page again: the dead line has been tried as the other one's.
   void unplug() {
     main.link.connected = false;
+    main.link.modelLine = static_cast<std::int16_t>(1 - main.link.modelLine);
     stay(Page::Data);
     clearDataPage(main);
     layDataPage(main, true);

@@ -38,6 +38,8 @@ TEST(SavedFiles, BringBackWhatWasSaved) {
     world.f.saveBtn.click();
     world.unplug();
     Link& link = world.main.link;
+    EXPECT_TRUE(link.modelLine == 0 || downloaded.shown == ShownLog::Chart)
+        << "a log shown again keeps its line";
     link.userID = link.chipID = link.firmwareVersion = "";
     world.main.logs = {};
     button.click();

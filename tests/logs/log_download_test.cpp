@@ -141,8 +141,18 @@ TEST_P(Download, CanBeCancelledAtAnyMoment) {
     EXPECT_TRUE(log().get(world.main)) << moment;
     EXPECT_LT(world.nowMs(), moment + 500) << moment;
     EXPECT_TRUE(world.tablesEmpty() && calm(world) && world.dialogs.shown().empty()) << moment;
+    EXPECT_EQ(world.main.exchange.shortfall, "") << moment;
     world.main.pages.dataPageActive = true;
     EXPECT_TRUE(log().get(world.main) && broughtWhole(world)) << moment;
+  }
+}
+
+// A few bytes ahead put a digit of the clock where the wrap flag belongs.
+TEST(HistoryDownload, IsNotTakenInByStrayBytesThatPutADigitInTheFlagsPlace) {
+  for (int strays = 1; strays <= 19; ++strays) {
+    DownloadWorld world;
+    world.device.addFault({.kind = FaultKind::Stray, .amount = strays, .only = "gD"});
+    EXPECT_TRUE(getHistData(world.main) && broughtWhole(world)) << strays;
   }
 }
 
@@ -153,10 +163,19 @@ TEST(EventDownload, TheSecondLinesTableStandsInForItsLog) {
   EXPECT_TRUE(world.main.logs.rawLogBuffer.empty());
   EXPECT_EQ(world.main.data.TreeView1.tooltip(), world.main.dict[214]);
   EXPECT_EQ(world.main.data.tsDataBtn.caption(), world.main.dict[36]);
-  for (const char* silent : {"+", "t"}) {
-    world.device.addFault({.kind = FaultKind::Silent, .only = silent, .commands = 1});
-    EXPECT_FALSE(getTSdata(world.main)) << silent;
-    EXPECT_TRUE(world.tablesEmpty()) << silent;
+  const struct {
+    Fault fault;
+    const char* shortfall;
+  } rows[] = {{{.kind = FaultKind::Silent, .only = "+", .commands = 1}, ""},
+              {{.kind = FaultKind::Silent, .only = "t", .commands = 1}, ""},
+              {{.kind = FaultKind::Stall, .amount = 0, .at = 100, .only = "+"}, "100 of 512 bytes came."},
+              {{.kind = FaultKind::Cut, .amount = 300, .only = "+"}, "300 of 512 bytes came."}};
+  for (const auto& one : rows) {
+    world.device.addFault(one.fault);
+    EXPECT_FALSE(getTSdata(world.main)) << one.shortfall;
+    EXPECT_TRUE(world.tablesEmpty()) << one.shortfall;
+    EXPECT_EQ(world.main.exchange.shortfall, one.shortfall);
+    world.device.clearFaults();
   }
 }
 

@@ -53,15 +53,15 @@ const std::string kHeading =
 TEST(Unattended, WritesWhatIsAskedFor) {
   Export tool;
   simulator::Device& device = tool.device.device();
-  tool.device.hold({.volts = 118.5, .amps = 3, .neutralGroundVolts = 0.75});
+  tool.device.hold({.volts = 118.5, .amps = 3});
   device.setCount(Event::Surge, 7);
   device.setCount(Event::Overload, 2);
   ASSERT_EQ(tool.run("-m -c"), 0);
   EXPECT_EQ(tool.file(),
             "03/05/2024 09:30:00\r\n" + kHeading +
-                "Date,Time,Line Voltage,Load Current,Load Power,N-G Voltage,Frequency,Power Factor,"
+                "Date,Time,Line Voltage,Load Current,Load Power,Frequency,Power Factor,"
                 "Crest Factor,Energy Usage\r\n"
-                "03/05/24,09:30:00,118.50,3.0000,324.0,0.750,59.94,0.914,1.404,0.0000\r\n"
+                "03/05/24,09:30:00,118.50,3.0000,324.0,59.94,0.914,1.404,0.0000\r\n"
                 "Disturbance Counters\r\n"
                 "Date,Time,Surge,Over Voltage Shutdown,Over Voltage,Under Voltage,Under Voltage Shutdown,"
                 "Power Outage,Overload\r\n"
