@@ -29,6 +29,17 @@ std::string spoilt(std::string text, std::mt19937& random) {
 const std::string kPicture(
     "\xFF\xD8\xFF\xE0\0\x10JFIF\0\1\1\1\0\x48\0\x48\0\0\xFF\xC0\0\x0B\x08\0\x14\0\x28\1\1\x11\0\xFF\xD9", 35);
 
+// Few events, so that they have dates.
+std::string image(std::mt19937& random) {
+  std::string characters;
+  for (int i = 0; i < 256; ++i) {
+    const bool counter = i > 240 && i < 253;
+    characters +=
+        {static_cast<char>('0' + (counter ? (i % 3 == 1 ? random() % 9 : 0) : random() % 160)), '.'};
+  }
+  return characters;
+}
+
 struct Target {
   const char* name;
   void (*run)(std::string_view);
@@ -56,6 +67,9 @@ std::vector<Target> targets() {
       {"chart csv", chartCsvTarget, chartCsv(kStamp, chartRows, FileKind::LiveChart, dict), 1500},
       {"event dat", eventDatTarget, datFile(kStamp, FileKind::Events, events), 500},
       {"history dat", historyDatTarget, datFile(kStamp, FileKind::History, history), 50},
+      {"second line's image", imageTarget, image(random), 1500},
+      {"scope", scopeTarget, "V" + history.substr(0, 400), 1500},
+      {"dictionary", dictionaryTarget, "text\n", 300},
       {"font metrics", fontMetricsTarget, "StartCharMetrics 2\nC 65 ; WX 500 ; N A ;\nC -1 ; WX 1 ;\n", 1500},
       {"picture", jpegHeaderTarget, kPicture, 1500}};
 }

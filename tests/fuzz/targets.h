@@ -5,6 +5,7 @@
 
 #include "files/chart_csv.h"
 #include "files/dat_file.h"
+#include "files/dictionary_file.h"
 #include "files/event_csv.h"
 #include "files/history_csv.h"
 #include "logs/chart_memory.h"
@@ -15,6 +16,10 @@
 #include "pdf/font_metrics.h"
 #include "pdf/jpeg_header.h"
 #include "protocol/event_codes.h"
+#include "protocol/limit_codes.h"
+#include "protocol/pd_rotation.h"
+#include "protocol/pic_image.h"
+#include "protocol/scope_samples.h"
 #include "support/log_bytes.h"
 
 // What must hold for any bytes from outside: no crash, rows in their ranges, and a table that its .csv file
@@ -118,6 +123,42 @@ inline void chartStreamTarget(std::string_view bytes) {
   const LogTable<9> log = decodeChartMemory(bytes, kWest);
   require(log.size() <= bytes.size() / 4, "no more rows than blocks");
   requireChart(log);
+}
+
+// The second line's memory, whatever it holds, and the log that is made of it.
+inline void imageTarget(std::string_view bytes) {
+  const auto image = decodeImage(bytes);
+  const auto since = decodeEventSpan(bytes.substr(0, 8));
+  if (!image) return;
+  const ImageCounts counts = imageCounts(*image);
+  const auto count = static_cast<std::size_t>(std::clamp<std::int64_t>(counts.total(), 0, kImageRecords));
+  PdEvents events;
+  for (std::size_t i = 0; i < kImageRecords; ++i) events[i] = imageEvent(*image, i, dictionary());
+  rotatePDevents(events, counts.total(), (*image)[253]);
+  const Counters counters{.poCount = counts.poCount,
+                          .uvreCount = counts.uvreCount,
+                          .ovreCount = counts.ovreCount,
+                          .sgCount = counts.sgCount};
+  if (!dateEvents(events, count, since.value_or(EventSpan{}), {2024, 3, 5, 9, 30, 0})) return;
+  const auto log = eventsOfTable(events, counters, limitsOfBytes(1, 2, 120), dictionary());
+  require(!log || log->size() <= kImageRecords, "at most 60 events");
+  if (log) requireEvents(*log);
+}
+
+inline void scopeTarget(std::string_view bytes) {
+  for (int mode = 1; mode <= 3; ++mode) {
+    const ScopeSamples samples = decodeCapture(bytes, mode, 256);
+    require(samples.volts.size() <= 256 && samples.amperes.size() <= 256, "no more samples than wanted");
+    for (const double watts : samples.watts)
+      require(std::abs(watts) <= 512 * 256, "a power within its range");
+  }
+}
+
+inline void dictionaryTarget(std::string_view bytes) {
+  for (const std::string& file : {std::string(bytes), std::string(280, '\n') + std::string(bytes)}) {
+    const DictionaryFile read = parseDictionary(file);
+    require(!read.fault.empty() || read.entries.size() >= kLeastEntries, "a dictionary, or why it is none");
+  }
 }
 
 // The file as it is, and the same bytes as rows behind a head that is right.
