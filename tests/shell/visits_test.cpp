@@ -59,6 +59,7 @@ constexpr Doing kDoings[] = {
     {"opening data", Line::Orvantis, &F::dataBtn, nothing, openPage<&F::dataBtn>, 1500},
     {"capturing", Line::Orvantis, &F::ScopeBtn, openScope, capture, 400},
     {"loading events", Line::Orvantis, &F::dataBtn, openPage<&F::dataBtn>, download<&D::tsDataBtn>, 1100},
+    {"importing events", Line::Tessara, &F::dataBtn, openPage<&F::dataBtn>, download<&D::tsDataBtn>, 1000},
     {"loading history", Line::Orvantis, &F::dataBtn, openPage<&F::dataBtn>, download<&D::histDataBtn>, 9900},
     {"loading a chart", Line::Orvantis, &F::dataBtn, openPage<&F::dataBtn>, download<&D::cmDataBtn>, 9000}};
 
