@@ -9,11 +9,7 @@
 namespace zephon {
 namespace {
 
-using testing_support::Cells;
-using testing_support::chart;
-using testing_support::device;
-using testing_support::raised;
-using testing_support::ramp;
+using namespace testing_support;
 
 constexpr std::size_t kTime = 0, kVolts = 1, kAmps = 2, kWatts = 3, kNeutral = 4, kHertz = 5, kCrest = 7;
 constexpr std::size_t kRows = 102;  // U - 1 is 100
@@ -47,7 +43,6 @@ const Case kCases[] = {
     {"above 300 W in 81 %", {{kWatts, 300, 200}, {kWatts, 300.1, 81, 10}}, {}, {39}},
     {"300 W", {{kWatts, 300, 200}}, {}, {40}},
     {"above 200 W in 81 %", {{kWatts, 200, 200}, {kWatts, 200.1, 81, 10}}, {}, {40}},
-    {"above 2.6 A, up to 300 W", {{kAmps, 2.61, 100}, {kWatts, 300, 200}}, {}, {39, 40}},
     {"power rising", {ramp(kWatts, 50, 0.06)}, {}, {4, 30, 31, 36}},
     {"power falling", {ramp(kWatts, 50, -0.06)}, {}, {5, 37, 41}},
 
@@ -58,7 +53,6 @@ const Case kCases[] = {
     {"crest below 1.4 in 6 %", {{kCrest, 1.3999, 6}}, {}, {17, 48}},
     {"crest above 1.43 in 4 %", {{kCrest, 1.4301, 4}}, {}, {51, 52}},
     {"crest above 1.43 in 6 %", {{kCrest, 1.4301, 6}}, {}, {50, 51}},
-    {"square wave", {{kCrest, 1, 4}}, {}, {17, 47, 49}},
     {"crest of 0.96 and 1.04", {{kCrest, 0.96, 3}, {kCrest, 1.04, 3, 50}}, {}, {17, 48}},
     {"crest of 0.961", {{kCrest, 0.961, 4}}, {}, {17, 47, 49}},
     {"crest of 1.039", {{kCrest, 1.039, 4}}, {}, {17, 47, 49}},
@@ -80,17 +74,15 @@ TEST(ExpertChart, RaisesWhatEachRuleSaysAtItsBounds) {
   for (const auto& [nominal, rated] : {std::pair{120, 120}, {240, 208}, {240, 230}, {240, 240}}) {
     for (const auto& changes : kQuiet) {
       const Logs logs = chart(kRows, rated, changes);
-      EXPECT_EQ(raised(expertChart(logs, device(nominal, rated))), std::set<int>{})
-          << &changes - kQuiet << " at " << rated;
+      EXPECT_EQ(raised(expertChart(logs, device(nominal, rated))), std::set<int>{}) << rated;
     }
     for (const Case& one : kCases) {
       const Logs logs = chart(kRows, rated, one.changes);
       std::set<int> found = one.found;
-      const auto second = expertChart(logs, device(nominal, rated, 1));
-      EXPECT_EQ(raised(second), found) << one.what << " at " << rated << ", second line";
+      const auto on = [&](int line) { return raised(expertChart(logs, device(nominal, rated, line))); };
+      EXPECT_EQ(on(1), found) << one.what << " at " << rated << ", second line";
       found.insert(one.firstLine.begin(), one.firstLine.end());
-      const auto first = expertChart(logs, device(nominal, rated));
-      EXPECT_EQ(raised(first), found) << one.what << " at " << rated;
+      EXPECT_EQ(on(0), found) << one.what << " at " << rated;
     }
   }
 }
@@ -98,11 +90,7 @@ TEST(ExpertChart, RaisesWhatEachRuleSaysAtItsBounds) {
 // Three rows of 300 have a steady interval, but only four of them are more than a hundredth.
 TEST(ExpertChart, TellsOfRareRowsWhetherTheyAreSteadyAndOfTheirShareAboveAHundredth) {
   const std::tuple<double, std::size_t, std::set<int>> rows[] = {
-      {126.1, 3, {11}},
-      {126.1, 4, {11, 12, 13}},
-      {40, 4, {32}},  // an outage is less than 40 V
-      {39.99, 3, {19, 32}},
-      {39.99, 4, {13, 19, 22, 32}}};
+      {126.1, 3, {11}}, {126.1, 4, {11, 12, 13}}, {40, 4, {32}}, {39.99, 4, {13, 19, 22, 32}}};
   for (const auto& [volts, count, found] : rows) {
     const Logs logs = chart(302, 120, {{kVolts, volts / 120, count, 149}});
     EXPECT_EQ(raised(expertChart(logs, device())), found) << count << " of " << volts << " V";
@@ -119,68 +107,45 @@ TEST(ExpertChart, TakesMeansBetween46And54HzFor50Hz) {
 
 TEST(ExpertChart, LooksAtTheNeutralOfA120VDeviceThatMeasuresIt) {
   // How many rows have so many volts, and what the others have.
-  const std::tuple<std::size_t, double, double, std::set<int>> rows[] = {{9, 5, 0.5, {}},
-                                                                         {4, 5.01, 0.5, {44, 45}},
-                                                                         {5, 5.01, 0.5, {}},
-                                                                         {6, 5.01, 0.5, {22, 42, 43}},
-                                                                         {0, 0, 2.0, {}},
-                                                                         {0, 0, 2.01, {22, 42, 43, 45}},
-                                                                         {4, 9, 1.9, {22, 42, 43, 44, 45}}};
+  using Row = std::tuple<std::size_t, double, double, std::set<int>>;
+  const Row rows[] = {{9, 5, 0.5, {}},    {4, 5.01, 0.5, {44, 45}},
+                      {5, 5.01, 0.5, {}}, {6, 5.01, 0.5, {22, 42, 43}},
+                      {0, 0, 2.0, {}},    {0, 0, 2.01, {22, 42, 43, 45}}};
   const std::tuple<int, int, const char*, bool> devices[] = {
       {120, 0, "1.KD1", true}, {240, 0, "1.KD1", false}, {120, 1, "2.00", true},
       {120, 1, "1*99", false}, {120, 1, "1.99", false},  {240, 1, "2.00", false}};
   for (const auto& [count, volts, others, found] : rows) {
     const Logs logs = chart(kRows, 120, {{kNeutral, others, 101}, {kNeutral, volts, count, 20}});
     for (const auto& [nominal, modelLine, firmware, looks] : devices) {
-      EXPECT_EQ(raised(expertChart(logs, {modelLine, firmware, nominal, 120, 0})),
-                looks ? found : std::set<int>{})
-          << count << ' ' << others << ' ' << firmware;
+      const Analysis all = expertChart(logs, {modelLine, firmware, nominal, 120, 0});
+      EXPECT_EQ(raised(all), looks ? found : std::set<int>{}) << volts << ' ' << others << firmware;
     }
   }
 }
 
-TEST(ExpertChart, TellsTheShareOfASquareWave) {
-  for (const auto& [crest, share] :
-       {std::pair{1.41, ""}, {1.2, ""}, {1.0, " 3.00% of the data acquisition period"}}) {
-    const Analysis found = expertChart(chart(kRows, 120, {{kCrest, crest, 3}}), device());
-    EXPECT_EQ(found.texts.at(47),
-              std::string("Equipment was probably powered by a UPS with square wave output") + share + '.');
-  }
-}
-
-TEST(ExpertChart, TellsTheRowsBehindEachFinding) {
+TEST(ExpertChart, TellsTheRowsBehindEachFindingAndTheShareOfASquareWave) {
   const Analysis found = expertChart(
-      chart(kRows, 120, {{kAmps, 31, 2, 40, 30}, {kWatts, 7000, 1, 12}, {kHertz, 62, 2, 5}}), device());
+      chart(kRows, 120, {{kAmps, 31, 2, 40, 30}, {kWatts, 7000, 1, 12}, {kCrest, 1, 3}}), device());
   EXPECT_EQ(found.rows[38], (RowNumbers{12, 40, 70}));
-  EXPECT_EQ(found.rows[46], (RowNumbers{5, 6}));
+  const std::string text = "Equipment was probably powered by a UPS with square wave output";
+  EXPECT_EQ(found.texts.at(47), text + " 3.00% of the data acquisition period.");
+  EXPECT_EQ(expertChart(chart(kRows, 120), device()).texts.at(47), text + '.');
 }
 
-// Moments of 0 have no intervals, and those of more than a day a trend.
-TEST(ExpertChart, CountsByTheMomentsOfItsRows) {
+TEST(ExpertChart, TellsOfSteadyRowsByTheirMoments) {
   Logs logs = chart(kRows, 120, {{kVolts, 1.06, 3, 49}});
-  logs.chartData[50][kTime] = 0;
-  EXPECT_EQ(raised(expertChart(logs, device())), std::set<int>{});
-  logs.chartData[50][kTime] = logs.chartData[49][kTime] + 5;
-  logs.chartData[51][kTime] = logs.chartData[49][kTime] + 9;
+  logs.chartData[50][kTime] += 5;
+  logs.chartData[51][kTime] += 9;
   EXPECT_EQ(raised(expertChart(logs, device())), (std::set<int>{12, 13}));
 }
 
 TEST(ExpertChart, EndsWithWhatItHasAtTheRuleThatFails) {
-  const std::pair<std::size_t, std::set<int>> lengths[] = {
-      {0, {}},
-      {1, {}},
-      {2, {3, 29, 38}},  // the share of current divides by 0, before the frequency
-      {3, {3, 29, 38, 39, 46, 55}}};
-  for (const auto& [rows, found] : lengths)
-    EXPECT_EQ(raised(expertChart(chart(rows, 120, {{kAmps, 40}, {kHertz, 40}}), device())), found) << rows;
-  const Logs four = chart(4, 120, {ramp(kVolts, 1, 0.06)});
-  EXPECT_EQ(raised(expertChart(four, device())), (std::set<int>{13, 35})) << "two means make a trend";
+  const Logs two = chart(2, 120, {{kAmps, 40}, {kHertz, 40}});  // the share of current divides by 0
+  EXPECT_EQ(raised(expertChart(two, device())), (std::set<int>{3, 29, 38}));
+  for (const std::size_t rows : {0u, 1u})
+    EXPECT_EQ(raised(expertChart(chart(rows, 120), device())).size(), 0u);
   const std::tuple<std::size_t, std::size_t, std::set<int>> broken[] = {
-      {kVolts, 0, {}},
-      {kTime, 41, {}},
-      {kAmps, 0, {11, 12, 13}},
-      {kWatts, 60, {3, 11, 12, 13, 29, 38}},
-      {kHertz, 60, {3, 11, 12, 13, 29, 38}}};
+      {kTime, 41, {}}, {kAmps, 0, {11, 12, 13}}, {kWatts, 60, {3, 11, 12, 13, 29, 38}}};
   for (const auto& [column, row, found] : broken) {
     Logs logs = chart(kRows, 120, {{kVolts, 1.06, 3, 40}, {kAmps, 40, 1, 5}, {kHertz, 65, 1, 50}});
     logs.chartData[row][column] = std::numeric_limits<double>::quiet_NaN();

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <algorithm>
-#include <functional>
-#include <ostream>
 #include <set>
 #include <vector>
 
@@ -11,13 +8,16 @@
 // Logs written by hand, a cell at a time, on a ground at which no rule finds anything.
 namespace zephon::testing_support {
 
-// The slots that an analysis raised.
-inline std::set<int> raised(const Analysis& found) {
+// The slots that are raised.
+inline std::set<int> raised(const std::array<bool, kFindingSlots>& flags) {
   std::set<int> slots;
   for (std::size_t slot = 0; slot < kFindingSlots; ++slot) {
-    if (found.flags[slot]) slots.insert(static_cast<int>(slot));
+    if (flags[slot]) slots.insert(static_cast<int>(slot));
   }
   return slots;
+}
+inline std::set<int> raised(const Analysis& found) {
+  return raised(found.flags);
 }
 
 inline LoggedDevice device(int nominal = 120, int rated = 0, int modelLine = 0) {
@@ -43,11 +43,11 @@ inline Cells ramp(std::size_t column, double value, double perDay) {
 inline Logs history(std::size_t rows, int volts, const std::vector<Cells>& changes = {}) {
   Logs logs;
   for (std::size_t row = 0; row < rows; ++row) {
-    const double day = static_cast<double>(1 + row / 48 % 28);
-    const double month = static_cast<double>(1 + row / 48 / 28);
+    const int halfHour = static_cast<int>(row);
+    const double day = 1 + halfHour / 48 % 28, month = 1 + halfHour / 48 / 28;
+    const double hour = halfHour / 2 % 24, minute = halfHour % 2 * 30;
     const double v = row + 1 < rows ? volts : 0;
-    logs.histData.push_back({13, day, month, static_cast<double>(row / 2 % 24), row % 2 == 0 ? 0.0 : 30.0, 0,
-                             500, 800, v, v, v, 5});
+    logs.histData.push_back({13, day, month, hour, minute, 0, 500, 800, v, v, v, 5});
   }
   for (const Cells& cells : changes) {
     const double scale = cells.column >= 8 && cells.column <= 10 ? volts : 1;
@@ -80,12 +80,9 @@ struct Event {
 };
 inline Logs events(const std::vector<Event>& list) {
   Logs logs;
-  for (const Event& event : list) {
-    const double month = event.day > 31 ? 6 : 5;
-    const double day = event.day > 31 ? event.day - 31 : event.day;
+  for (const auto& [code, day, hour] : list)
     logs.tsData.push_back(
-        {13, day, month, static_cast<double>(event.hour), 0, 0, static_cast<double>(event.code), 0});
-  }
+        {13, day > 31 ? day - 31.0 : day, day > 31 ? 6.0 : 5.0, 1.0 * hour, 0, 0, 1.0 * code, 0});
   return logs;
 }
 
