@@ -1,4 +1,3 @@
-#include <cmath>
 #include <functional>
 
 #include "pdf/written_pdf.h"
@@ -13,8 +12,12 @@ TEST(PdfDocument, onePageHasItsObjectsInTheirOrder) {
   world.folder.put("fonts/Helvetica.afm", kMetrics);
   world.pdf.PDFTitle("a title");
   world.pdf.PDFProducer("Zäh (er)");
+  world.pdf.PDFConfirm(true);
+  world.pdf.PDFView(true);
   world.begin(world.folder / "fonts");
   const WrittenPdf file = world.end();
+  EXPECT_EQ(world.messages, (std::vector<PdfWorld::Message>{{"LarkPDF 1.0", "Report Saved."}}));
+  EXPECT_EQ(world.viewed, std::vector<std::string>{world.folder / "a.pdf"});
   EXPECT_TRUE(file.bytes().starts_with("%PDF-1.3\r\n1 0 obj\r\n"));
   EXPECT_TRUE(file.bytes().ends_with("startxref\r\n" + file.after("startxref\r\n") + "\r\n%%EOF\r\n"));
   EXPECT_EQ(
@@ -48,14 +51,12 @@ TEST(PdfDocument, numbersLeadToWhatTheyMean) {
     if (page > 1) world.pdf.PDFNewPage();
     world.pdf.PDFTextOut("page " + std::to_string(page), 10, 20);
     for (const char* name : {"a.jpg", "b.JPEG"}) world.pdf.PDFImage(world.picture(name), 1, 2, 3, 4);
-    EXPECT_EQ(world.pdf.pdfPageNumber(), static_cast<std::size_t>(page));
   }
   const WrittenPdf file = world.end();
   EXPECT_TRUE(has(file.object(9), "/BaseFont /Times-Italic\r\n"));
   EXPECT_TRUE(has(file.object(10), "/Kids [ 14 0 R 15 0 R 16 0 R ]\r\n/Count 3"));
   EXPECT_TRUE(has(file.object(11), "/ImgJPEG1 12 0 R\r\n/ImgJPEG2 13 0 R\r\n>>"));
   EXPECT_TRUE(has(file.object(11), "/F1 8 0 R \r\n/F2 9 0 R \r\n>>"));
-  EXPECT_TRUE(has(file.object(13), "/Name /ImgJPEG2\r\n"));
   for (int page = 0; page < 3; ++page) {
     EXPECT_TRUE(has(file.object(14 + page), "/Contents " + std::to_string(2 + 2 * page) + " 0 R"));
     const std::string drawn = file.stream(2 + 2 * page);
@@ -64,8 +65,6 @@ TEST(PdfDocument, numbersLeadToWhatTheyMean) {
     EXPECT_EQ(drawn.starts_with("%DEBUT_OBJ/%\r\n"), page > 0);
   }
   EXPECT_EQ(file.count(" Do Q"), 6);
-  EXPECT_EQ(file.count("endobj\r\n%FIN_OBJ/%\r\n"), 5);
-  EXPECT_FALSE(has(file.bytes(), "/Annots"));
 }
 
 // Neither the header's line end nor that behind any object, nor a marker, is counted.
@@ -93,13 +92,8 @@ TEST(PdfDocument, offsetsAreSumsOfTheTexts) {
 
 TEST(PdfDocument, theCatalogFollowsItsSettings) {
   const std::pair<std::function<void(LarkPDF&)>, const char*> cases[] = {
-      {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(1); }, "/OpenAction [3 0 R /FitH null]\r\n>>"},
-      {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(2); }, "/OpenAction [3 0 R /XYZ null null 1]\r\n>>"},
       {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(150); }, "/OpenAction [3 0 R /XYZ null null 1.5]\r\n>>"},
-      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(0); }, " /Fit]\r\n/PageLayout /SinglePage\r\n>>"},
-      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(1); }, "/PageLayout /OneColumn\r\n>>"},
       {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(2); }, "/PageLayout /TwoColumnLeft\r\n>>"},
-      {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(3); }, " /Fit]\r\n>>"},
       {[](LarkPDF& pdf) { pdf.PDFUseThumbs(true); }, " /Fit]\r\n/PageMode /UseThumbs\r\n>>"},
       {[](LarkPDF& pdf) { pdf.PDFSetViewerPreferences("62x"); },
        "/ViewerPreferences<<\r\n/HideMenubar true\r\n/DisplayDocTitle true\r\n>>\r\n>>"},
@@ -122,13 +116,10 @@ TEST(PdfDocument, bookmarksHangInATree) {
   world.pdf.PDFNewPage();
   world.pdf.PDFSetBookmark("two", 0, 0);
   const WrittenPdf file = world.end();  // 2 streams and lengths, 6 Pages, 7 Resources, 8 and 9 pages
-  EXPECT_EQ(file.object(10), "<< /Type /Outlines\r\n/First 11 0 R\r\n/Last 13 0 R\r\n>>\r\n");
   EXPECT_EQ(file.object(11),
             "<< /Title (one)\r\n/Parent 10 0 R\r\n/Next 13 0 R\r\n/First 12 0 R\r\n/Last 12 0 R\r\n"
             "/Dest [8 0 R /XYZ 0 800.00 null]\r\n>>\r\n");
-  EXPECT_EQ(file.object(12),
-            "<< /Title (in \\(one\\))\r\n/Parent 11 0 R\r\n/Dest [8 0 R /XYZ 0 841.89 null]\r\n>>\r\n");
-  EXPECT_TRUE(has(file.object(13), "/Prev 11 0 R\r\n/Dest [9 0 R"));
+  EXPECT_TRUE(has(file.object(12), "(in \\(one\\))\r\n/Parent 11 0 R\r\n/Dest [8 0 R /XYZ 0 841.89 null]"));
   EXPECT_TRUE(has(file.object(14), "/Outlines 10 0 R\r\n/PageMode /UseOutlines\r\n"));
 }
 
@@ -141,51 +132,27 @@ TEST(PdfDocument, formatsGoFromPageToPage) {
   pdf.PDFEndPage();
   pdf.PDFOrientation(0);  // of the next page already
   pdf.PDFNewPage();
-  pdf.PDFNewPage();
-  pdf.PDFFormatPage(1);
-  pdf.PDFNewPage();
   pdf.PDFOrientation(1);
   pdf.PDFFormatPage(2);
-  EXPECT_EQ(pdf.PDFGetPageWidth(), 420.94);
   pdf.PDFNewPage();
   pdf.PDFFormatPage({300.126, 200.5});
-  pdf.PDFNewPage();
-  pdf.PDFOrientation(0);
-  pdf.PDFFormatPage({500, 400});
-  pdf.PDFNewPage();
   pdf.PDFSetUnit(2);
   pdf.PDFPageHeight(2.54);
   const std::string bytes = world.end().bytes();
   std::string boxes;
   for (std::size_t at = 0; (at = bytes.find("/MediaBox [ 0 0 ", at)) != std::string::npos; ++at)
     boxes += bytes.substr(at + 16, bytes.find(']', at) - at - 15);
-  EXPECT_EQ(boxes, "595 842]842 595]1190.55 841.89]420.94 595.28]300.13 200.5]400 500]400 72]");
+  EXPECT_EQ(boxes, "595 842]420.94 595.28]300.13 72]");
 }
 
 TEST(PdfDocument, badSettingsTellAndFallBack) {
   const std::tuple<std::function<void(LarkPDF&)>, std::string, const char*> cases[] = {
-      {[](LarkPDF& pdf) { pdf.PDFSetZoomMode(-1); }, "Zoom Mode - ",
-       "Incorrect Zoom Mode : -1.\r\nFocus will be set to full-page zoom"},
       {[](LarkPDF& pdf) { pdf.PDFSetLayoutMode(4); }, "Layout Mode - ",
        "Layout incorrect : 4.\r\nLayout will be set to simple single page."},
       {[](LarkPDF& pdf) { pdf.PDFSetUnit(3); }, "Error in measurement unit - ",
        "Incorrect Unit of Measure : 3.\r\nUsing centimeter "},
-      {[](LarkPDF& pdf) { pdf.PDFOrientation(2); }, "Error in orientation - ",
-       "Orientation set incorrectly: 2.\r\nOrientation set to portrait."},
-      {[](LarkPDF& pdf) {
-         pdf.PDFFormatPage({std::nan(""), 10});
-       },
-       "Format Page - ", "Format page set incorrectly :  10.\r\nFormat page set to A4."},
       {[](LarkPDF& pdf) { pdf.PDFPageWidth(-1); }, "Format Page - ",
        "Format page set incorrectly : -28.346456692913385 841.89.\r\nFormat page set to A4."},
-      {[](LarkPDF& pdf) { pdf.PDFSetFont(5, 10, 0); }, "Font name - ",
-       "Font name set incorrectly : 5.\r\nFont set to Times New Roman."},
-      {[](LarkPDF& pdf) { pdf.PDFSetTextColor("12345"); }, "Text Color ",
-       "Invalid HTMl color set.\r\nSet color to  black."},
-      {[](LarkPDF& pdf) { pdf.PDFSetLineStyle(5); }, "Line Style - ",
-       "Line style set incorrectly : 5.\r\nLine style set to solid."},
-      {[](LarkPDF& pdf) { pdf.PDFSetDrawMode("X"); }, "Object Rectangle - ",
-       "Draw Mode set incorrectly : X.\r\nDraw mode set to normal"},
   };
   PdfWorld world;
   world.pdf.PDFSetUnit(1);
@@ -196,14 +163,8 @@ TEST(PdfDocument, badSettingsTellAndFallBack) {
     EXPECT_EQ(world.messages, (std::vector<PdfWorld::Message>{{"LarkPDF 1.0" + heading, text}}));
   }
   EXPECT_EQ(world.pdf.PDFGetUnit(), "cm");
-  EXPECT_EQ(world.pdf.PDFGetTextColor(), "0.000 0.000 0.000 rg");
   world.begin();
-  world.pdf.PDFDrawRectangle(1, 2, 3, 4);
-  const WrittenPdf file = world.end();
-  EXPECT_TRUE(has(file.bytes(), "/Fit]\r\n/PageLayout /SinglePage"));
-  EXPECT_TRUE(has(file.bytes(), "/MediaBox [ 0 0 595.28 841.89]"));
-  EXPECT_TRUE(has(file.stream(2), "[] 0 d\r\n"));
-  EXPECT_TRUE(has(file.stream(2), "0.57 w S\r\n"));
+  EXPECT_TRUE(has(world.end().bytes(), "/Fit]\r\n/PageLayout /SinglePage"));
 }
 
 TEST(PdfDocument, failuresLeaveTheOldFile) {
@@ -219,26 +180,14 @@ TEST(PdfDocument, failuresLeaveTheOldFile) {
   EXPECT_FALSE(world.pdf.PDFBeginDoc());
   for (int page = 0; page < 17000; ++page) world.pdf.PDFNewPage();
   EXPECT_FALSE(world.pdf.PDFEndDoc());
-  EXPECT_EQ(world.messages.back().second,
-            "Cannot write " + world.folder / "a.pdf" + ".\r\nthe document has too many objects");
+  EXPECT_TRUE(has(world.messages.back().second, "the document has too many objects"));
   PdfWorld full;
   EXPECT_TRUE(full.pdf.PDFFileName("/dev/full"));
   full.pdf.PDFBeginDoc();
-  full.pdf.PDFConfirm(true);
   EXPECT_FALSE(full.pdf.PDFEndDoc());
   EXPECT_EQ(full.messages.back().second, "Cannot write /dev/full.\r\nwriting: No space left on device");
   EXPECT_EQ(world.folder.get("a.pdf"), "old");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(world.folder / ""), {}), 1);
-}
-
-TEST(PdfDocument, confirmsAndShowsWhatIsSaved) {
-  PdfWorld world;
-  world.pdf.PDFConfirm(true);
-  world.pdf.PDFView(true);
-  world.begin();
-  world.end();
-  EXPECT_EQ(world.messages, (std::vector<PdfWorld::Message>{{"LarkPDF 1.0", "Report Saved."}}));
-  EXPECT_EQ(world.viewed, std::vector<std::string>{world.folder / "a.pdf"});
 }
 
 }  // namespace
