@@ -59,6 +59,7 @@ TEST(ExpertTS, AsksForThreeEventsBeforeItSpeaksOfMore) {
       {{}, {}},
       {{{64, 2}, {64, 1}}, {3}},
       {{{64, 3}, {64, 2}, {64, 1}}, {0, 3, 5}},  // the last row is counted, but in no interval and no trend
+      {{{64, 1, 2}, {64, 1, 1}, {64, 1}}, {3, 4}},
       {{{2, 2}, {4, 1}, {1, 2}, {1, 1}, {160, 2}, {160, 1}}, {}},
       {{{65, 1}, {3, 1}, {0, 1}, {128, 1}}, {}}};
   for (const auto& [list, found] : rows)

@@ -51,7 +51,6 @@ TEST(MovingMean, OfEventsCountsFromTheLastRowsDayToTheFirstOnes) {
   EXPECT_EQ(movingMean(events(list), kTimestamp, 32, 8), (Series{2.0 / 3, 2.0 / 3, 1.0 / 3, 0}));
   EXPECT_EQ(movingMean(events({{64, 1}, {64, 2}, {64, 4}}), kTimestamp, 64, 64), Series{0});  // oldest first
   EXPECT_EQ(movingMean(events({{64, 4}, {64, 5}, {1, 2}}), kTimestamp, 64, 64), Series{0});   // outside
-  EXPECT_EQ(movingMean(Logs{}, kTimestamp, 64, 64), Series{0});
 }
 
 }  // namespace

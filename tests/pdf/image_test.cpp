@@ -40,6 +40,7 @@ TEST(Jpeg, faultsAreToldApart) {
       {kStart + frame('\xC4', 3) + kEnd, JpegFault::NoFrame},        // tables
       {kStart + "\xFF\xDA\0\2"s + good + kEnd, JpegFault::NoFrame},  // the picture has begun
       {kStart + "\xFF\xE1\0\1"s + good + kEnd, JpegFault::NoFrame},  // shorter than its length's own bytes
+      {kStart + "\xFF\xC0\0\7\x08\0\x14\0\x28"s + kEnd, JpegFault::NoFrame},
       {kStart + "\xFF\xC0\0\x0B\x08\0\0\0\x28\3\1\x11\0"s + kEnd, JpegFault::NoFrame}};
   for (const auto& [bytes, fault] : cases)
     EXPECT_EQ(readJpegHeader(bytes).fault, fault) << ::testing::PrintToString(bytes);
