@@ -12,13 +12,11 @@ std::string spoilt(std::string text, std::mt19937& random) {
   for (auto changes = random() % 6; changes > 0 && !text.empty(); --changes) {
     const std::size_t place = random() % text.size();
     const std::size_t length = random() % 12;
-    if (const auto kind = random() % 5; kind == 0)
+    if (const auto kind = random() % 4; kind == 0)
       text[place] = static_cast<char>(random());
     else if (kind == 1)
       text.erase(place, length);
     else if (kind == 2)
-      text.insert(place, text.substr(random() % text.size(), length));
-    else if (kind == 3)
       text.insert(place, pieces[random() % std::size(pieces)]);
     else
       text.resize(place);
@@ -78,7 +76,6 @@ TEST(AnyBytes, endInATableOrAFault) {
   std::mt19937 random(8);
   for (const Target& target : targets()) {
     SCOPED_TRACE(target.name);
-    target.run({});
     for (int i = 0; i < target.runs; ++i) target.run(spoilt(target.seed, random));
     for (std::size_t cut = 0; cut < std::min<std::size_t>(target.seed.size(), 400); ++cut)
       target.run(std::string_view(target.seed).substr(0, cut));

@@ -85,9 +85,8 @@ TEST_F(Journal, EachDeviceHasAFileAndASaveEndsThemAll) {
   EXPECT_NE(folder.get("Chart 2024-03-05 09.31.00.csv").find(",112,0\r\n"), std::string::npos);
 
   EXPECT_TRUE(keep(2) && keep(3, kOther));
-  EXPECT_EQ(names().size(), 4u) << "no file takes the place of another";
   endJournal(journal, 3);
-  EXPECT_EQ(names().size(), 2u);
+  EXPECT_EQ(names().size(), 2u) << "no file took the place of another";
 }
 
 TEST_F(Journal, TakesUpWhatAFailureHasLeftOut) {
@@ -99,7 +98,6 @@ TEST_F(Journal, TakesUpWhatAFailureHasLeftOut) {
   for (std::size_t rows = 9'001; rows < 9'004; ++rows) EXPECT_TRUE(keep(rows));
   leaveJournal(journal, 0);
   expectTaken(0, 9'003);
-  EXPECT_TRUE(keepJournal(journal, "", kStamp, rowsUpTo(1), dict)) << "without a folder there is none";
 }
 
 TEST_F(Journal, IsCutToWholeRowsWhenItIsTakenOver) {
@@ -110,7 +108,6 @@ TEST_F(Journal, IsCutToWholeRowsWhenItIsTakenOver) {
   folder.put("Chart 1.csv.unsaved", whole + "03/05/20");
   folder.put("Chart 2.csv.unsaved", whole.substr(0, head));
   folder.put("Chart 3.csv.unsaved", whole.substr(0, head + 9));
-  folder.put("Chart 4.csv.unsaved", "");
   folder.put("saved.csv", "another's");
   const auto charts = takeOverJournals(folder / "");
   EXPECT_EQ(names(), (std::vector<std::string>{"Chart 1.csv", "Chart 2024-03-05 09.30.00.csv", "saved.csv"}));
@@ -134,8 +131,7 @@ TEST_F(Journal, OutlivesAKilledProgram) {
   ::kill(child, SIGKILL);
   ::waitpid(child, nullptr, 0);
   expectTaken(0, 40);
-  ::close(told[0]);
-  ::close(told[1]);
+  for (const int pipe : told) ::close(pipe);
 }
 
 }  // namespace
