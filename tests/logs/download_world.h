@@ -1,7 +1,5 @@
 #pragma once
 
-#include <ostream>
-
 #include "logs/chart_download.h"
 #include "logs/event_download.h"
 #include "logs/history_download.h"
@@ -14,7 +12,7 @@ namespace zephon::testing_support {
 class DownloadWorld : public World {
  public:
   explicit DownloadWorld(const simulator::Profile& profile = {}, double recordingHours = 20)
-      : World(profile, options(recordingHours)) {
+      : World(profile, {.pastSeconds = 5 * 86400, .recordingHours = recordingHours}) {
     stay(Page::Data);
     for (const LogControls* log : {&kEventControls, &kHistoryControls, &kChartControls}) {
       (main.data.*log->button).setTexts(main.dict[log->captionKey]);
@@ -22,12 +20,6 @@ class DownloadWorld : public World {
     }
   }
 
-  static simulator::Options options(double recordingHours) {
-    simulator::Options options;
-    options.pastSeconds = 5 * 86400;
-    options.recordingHours = recordingHours;
-    return options;
-  }
   bool pageButtonsEnabled(bool on) const {
     const FrameElements& f = main.frame;
     return f.measBtn.enabled() == on && f.ScopeBtn.enabled() == on && f.ChartBtn.enabled() == on &&
@@ -39,18 +31,5 @@ class DownloadWorld : public World {
            l.shown == ShownLog::None;
   }
 };
-
-// One of the three logs.
-struct LogCase {
-  const char* name;
-  bool (*get)(Main&);
-  const LogControls& controls;
-  const char* command;
-  double seconds;  // what it takes at the line's pace
-  friend std::ostream& operator<<(std::ostream& out, const LogCase& log) { return out << log.name; }
-};
-inline constexpr LogCase kLogCases[] = {{"Events", getTSdata, kEventControls, "gE", 1.09},
-                                        {"History", getHistData, kHistoryControls, "gD", 9.9},
-                                        {"Chart", getCMdata, kChartControls, "g`", 15.6}};
 
 }  // namespace zephon::testing_support
