@@ -58,7 +58,8 @@ void describe(QWidget& widget) {
 void setTextColour(QWidget& widget, QPalette::ColorRole role, Colour colour, bool stale) {
   QPalette own;  // whatever it does not hold is the desktop's
   if (stale || colour != kBlack) {
-    const QColor ink = stale ? tone(Tone::Muted, widget.palette()) : textColour(colour, widget.palette());
+    const QPalette desktop = QApplication::palette(&widget);
+    const QColor ink = stale ? tone(Tone::Muted, desktop) : textColour(colour, desktop);
     own.setColor(QPalette::Active, role, ink);
     own.setColor(QPalette::Inactive, role, ink);
   }

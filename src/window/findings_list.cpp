@@ -1,5 +1,6 @@
 #include "window/findings_list.h"
 
+#include <QKeyEvent>
 #include <QListWidget>
 #include <QSignalBlocker>
 
@@ -24,13 +25,18 @@ class FindingsList : public QListWidget {
     watchWhile(*this, element, [this] { follow(); });
     follow();
     connect(this, &QListWidget::currentRowChanged, this, [this](int row) { element_.choose(row); });
-    // A click on the finding that is chosen leads back to its rows, wherever the view has gone since.
+    // A click on the finding that is chosen, or Enter, leads back to its rows, wherever the view has gone since.
     connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) {
       if (row(item) == before_ && element_.onClick) element_.onClick();
     });
   }
 
  protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && currentRow() >= 0 && element_.onClick) return element_.onClick();
+    QListWidget::keyPressEvent(event);
+  }
   void mousePressEvent(QMouseEvent* event) override {
     before_ = currentRow();
     QListWidget::mousePressEvent(event);

@@ -87,6 +87,12 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
 }
 
+// Inks are made from the desktop's colours when they are drawn.
+void MainWindow::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) sayAnew();
+  QWidget::changeEvent(event);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   event->accept();
   if (std::exchange(closed_, true)) return;

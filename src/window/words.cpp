@@ -13,9 +13,11 @@ class Spoken : public Element {
   using Element::Element;
   const std::vector<std::string>& dict() const { return dict_; }
   void setDict(const std::vector<std::string>& dict) { write(dict_, dict); }
+  void sayAnew() { write(times_, times_ + 1); }
 
  private:
   std::vector<std::string> dict_;
+  unsigned times_ = 0;
 };
 
 Spoken& spoken() {
@@ -32,6 +34,10 @@ QString say(const Word& word) {
 
 void speak(const std::vector<std::string>& dict) {
   spoken().setDict(dict);
+}
+
+void sayAnew() {
+  spoken().sayAnew();
 }
 
 void whileSpoken(QObject& owner, const std::function<void()>& show) {

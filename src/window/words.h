@@ -20,7 +20,10 @@ QString say(const Word& word);
 // functions below is said anew.
 void speak(const std::vector<std::string>& dict);
 
-// Runs `show` now and after each change of the language, until `owner` is gone.
+// All of that is said anew in the same language: the colours that it is written in have changed.
+void sayAnew();
+
+// Runs `show` now and after each change of the language or of the colours, until `owner` is gone.
 void whileSpoken(QObject& owner, const std::function<void()>& show);
 
 // The word as the widget's accessible name.

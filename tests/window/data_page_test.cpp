@@ -75,6 +75,10 @@ TEST(DataPageWindow, FindingsLeadToTheirRowsWhateverTheUserLookedAtSince) {
     page.choose(slot);
     EXPECT_TRUE(time.range().contains(page.main.frame.CWGraph2.marks().at(0)));
   }
+  time.setRange(1, 2);
+  QTest::keyClick(page.find("findingsList"), Qt::Key_Return);
+  testing_support::settle();
+  EXPECT_TRUE(time.range().contains(page.main.frame.CWGraph2.marks().at(0)));
 }
 
 }  // namespace
