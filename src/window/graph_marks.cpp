@@ -9,6 +9,8 @@ namespace zephon {
 
 void GraphMarks::draw(QCPPainter* painter) {
   const QRect box = clipRect();
+  QRegion bands;  // where marks lie close together they are one, no darker than a single one
+  const QPolygon pointer({{-5, box.top()}, {5, box.top()}, {0, box.top() + 8}});
   std::set<int> columns;  // of pixels; marks that fall together are drawn once
   for (const double mark : marks_) {
     const double pixel = mParentPlot->xAxis->coordToPixel(mark);
@@ -18,12 +20,13 @@ void GraphMarks::draw(QCPPainter* painter) {
   const QColor ink = tone(Tone::Focus, mParentPlot->palette());
   QColor band = ink;
   band.setAlphaF(0.3F);
+  painter->setPen(Qt::NoPen);
+  painter->setBrush(ink);
   for (const int x : columns) {
-    painter->fillRect(QRect(x - 1, box.top(), 3, box.height()), band);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(ink);
-    painter->drawPolygon(QPolygon({{x - 5, box.top()}, {x + 5, box.top()}, {x, box.top() + 8}}));
+    bands += QRect(x - 1, box.top(), 3, box.height());
+    painter->drawPolygon(pointer.translated(x, 0));
   }
+  for (const QRect& one : bands) painter->fillRect(one, band);
 }
 
 }  // namespace zephon
