@@ -76,7 +76,7 @@ class Monkey {
 
 // Actions arrive as timed calls, so they strike inside exchanges, pauses and message boxes.
 void schedule(Tool& tool, Monkey& monkey, int actions, bool faults) {
-  if (actions == 0) return;
+  if (actions == 0 || tool.main.ending) return;
   tool.later(monkey.pause(), [&tool, &monkey, actions, faults] {
     schedule(tool, monkey, actions - 1, faults);  // first the next one: this one may take long
     if (faults && monkey.below(25) == 0) tool.device.addFault(monkey.fault());
@@ -119,12 +119,18 @@ TEST_P(MonkeyTest, NothingIsAmissAfterTenThousandActions) {
   EXPECT_TRUE(tool.main.pages.measuring);
   EXPECT_GT(monkey.rows(), 0U);
   EXPECT_EQ(tool.main.capture.capturedMode != 0, GetParam().line == Line::Orvantis);
-  formUnload(tool.main);
+  schedule(tool, monkey, 10'000, GetParam().faults);
+  tool.later(static_cast<double>(monkey.below(100'000)), [&tool] { formUnload(tool.main); });
+  tool.run(110'000);
+  formUnload(tool.main);  // the window has closed in the middle of it, and the stack has unwound
+  EXPECT_FALSE(tool.port().open || tool.main.exchange.Timer1.enabled());
+  EXPECT_EQ(tool.line.strayCalls(), 0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Lines, MonkeyTest,
                          ::testing::Values(Round{Line::Orvantis, 120, false},
-                                           Round{Line::Orvantis, 240, true}, Round{Line::Tessara, 120, false},
+                                           Round{Line::Orvantis, 120, true}, Round{Line::Orvantis, 240, true},
+                                           Round{Line::Tessara, 120, false}, Round{Line::Tessara, 120, true},
                                            Round{Line::Tessara, 240, true}));
 
 }  // namespace
