@@ -15,23 +15,20 @@ std::string words(std::size_t length) {
 }
 
 TEST(FindingLines, LongTextsAreCutAtABlankThatBelongsToNeitherSide) {
-  const struct {
-    std::size_t length;
-    std::vector<std::size_t> lines;  // lengths, without the four or six characters before the text
-  } cases[] = {{1, {1}},          {129, {129}},         {130, {130}},          {131, {129, 1}},
-               {260, {129, 130}}, {261, {129, 129, 1}}, {400, {129, 129, 140}}};
-  for (const auto& one : cases) {
-    const auto lines = findingLines(7, words(one.length));
-    ASSERT_EQ(lines.size(), one.lines.size()) << one.length;
+  // The lengths of the lines, without the four or six characters before the text.
+  const std::pair<std::size_t, std::vector<std::size_t>> cases[] = {
+      {130, {130}}, {131, {129, 1}}, {260, {129, 130}}, {261, {129, 129, 1}}, {400, {129, 129, 140}}};
+  for (const auto& [length, lengths] : cases) {
+    std::vector<std::size_t> found;
     std::string joined;
-    for (std::size_t i = 0; i < lines.size(); ++i) {
-      const std::string before = i == 0 ? "07. " : "      ";
-      EXPECT_TRUE(lines[i].starts_with(before)) << lines[i];
-      const std::string text = lines[i].substr(before.size());
-      EXPECT_EQ(text.size(), one.lines[i]) << one.length;
-      joined += (i == 0 ? "" : " ") + text;
+    for (const std::string& line : findingLines(7, words(length))) {
+      const std::string before = joined.empty() ? "07. " : "      ";
+      EXPECT_TRUE(line.starts_with(before)) << line;
+      found.push_back(line.size() - before.size());
+      joined += (joined.empty() ? "" : " ") + line.substr(before.size());
     }
-    EXPECT_EQ(joined, words(one.length));
+    EXPECT_EQ(found, lengths);
+    EXPECT_EQ(joined, words(length));
   }
   // Letters of two bytes count once; a text without a blank is cut where the line ends.
   std::string umlauts;
@@ -41,24 +38,16 @@ TEST(FindingLines, LongTextsAreCutAtABlankThatBelongsToNeitherSide) {
 }
 
 TEST(FindingLines, PagesFollowTheLengthsAndFinishTheFindingTheyBegan) {
-  const struct {
-    std::vector<std::size_t> lengths;
-    std::vector<std::size_t> lines;  // on each page
-  } cases[] = {
-      {std::vector<std::size_t>(60, 100), {60}},
-      {std::vector<std::size_t>(61, 100), {60, 1}},
-      {std::vector<std::size_t>(56, 300), {60, 60, 48}},
-      {std::vector<std::size_t>(31, 129), {31}},
-      // Texts of exactly 130 characters take one line and are counted as two.
-      {std::vector<std::size_t>(31, 130), {31, 0}},
-  };
-  for (const auto& one : cases) {
-    std::vector<std::string> findings;
-    for (const std::size_t length : one.lengths) findings.push_back(words(length));
-    const auto pages = findingPages(findings);
+  // How many findings of a length, and the lines on each page.
+  const std::tuple<std::size_t, std::size_t, std::vector<std::size_t>> cases[] = {
+      {60, 100, {60}},
+      {61, 100, {60, 1}},
+      {56, 300, {60, 60, 48}},
+      {31, 130, {31, 0}}};  // texts of exactly 130 characters take one line and are counted as two
+  for (const auto& [count, length, expected] : cases) {
     std::vector<std::size_t> lines;
-    for (const auto& page : pages) lines.push_back(page.size());
-    EXPECT_EQ(lines, one.lines) << one.lengths.size() << " of " << one.lengths[0];
+    for (const auto& page : findingPages(std::vector(count, words(length)))) lines.push_back(page.size());
+    EXPECT_EQ(lines, expected) << count << " of " << length;
   }
   std::vector<std::string> late(59, "short");
   late.push_back(words(300));
