@@ -19,7 +19,7 @@ struct ChartAxis {
   const char* unit;
 };
 constexpr ChartAxis kAxes[] = {{"vaxis", 139, nullptr, "V"},   {"iaxis", 140, nullptr, "A"},
-                               {"paxis", 141, nullptr, "W"},   {"vngaxis", 0, "N-G", "V"},
+                               {"paxis", 141, nullptr, "W"},   {"vngaxis", 197, nullptr, "V"},
                                {"faxis", 202, nullptr, "Hz"},  {"pfaxis", 0, "PF, CF", ""},
                                {"euaxis", 131, nullptr, "kWh"}};
 

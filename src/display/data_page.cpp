@@ -9,6 +9,7 @@
 #include "logs/history_download.h"
 #include "logs/log_controls.h"
 #include "logs/shown_log.h"
+#include "protocol/asking.h"
 #include "protocol/counters.h"
 #include "protocol/dict_text.h"
 #include "protocol/options.h"
@@ -18,7 +19,6 @@ namespace zephon {
 namespace {
 
 constexpr std::size_t kKeyOpen = 132;
-constexpr std::size_t kKeyClear = 176;
 
 struct Log {
   const LogControls& controls;
@@ -32,8 +32,7 @@ constexpr Log kLogs[] = {{kEventControls, getTSdata, kEventFile, 145, setClrTSda
                          {kChartControls, getCMdata, kChartFile, 155, nullptr}};
 
 std::string captionToOpen(const Main& main, const LogControls& controls) {
-  return filledText(dictText(main, words::kOpenLog),
-                    {dictText(main, kKeyOpen), dictText(main, controls.captionKey)});
+  return dictText(main, kKeyOpen) + ' ' + dictText(main, controls.captionKey);
 }
 
 void enableLogButtons(Main& main, bool on) {
@@ -95,9 +94,7 @@ void wireClear(Main& main, const PageExits& exits, const Log& log) {
   (main.data.*log.controls.clear).onChange = [&main, exits, &log](bool pressed) {
     if (!pressed || !main.pages.dataPageActive) return;
     const Stay stay(main);
-    const std::string question = filledText(dictText(main, words::kAskClearLog),
-                                            {dictText(main, kKeyClear), dictText(main, log.nameKey)});
-    if (!main.around.dialogs.yesNo(question)) return;
+    if (!askToClear(main, dictText(main, log.nameKey))) return;
     if (!stay.stands() || !main.pages.dataPageActive) return;
     enableLogButtons(main, false);
     const bool good = settleLine(main) && log.clear(main);

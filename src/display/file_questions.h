@@ -11,7 +11,7 @@ inline const FileFilter kDatFilter{"Data (*.dat)", "dat"};
 inline const FileFilter kPdfFilter{"PDF (*.pdf)", "pdf"};
 inline const FileFilter kTextFilter{"Text Documents (*.txt)", "txt"};
 
-// Where a file dialog starts: the desktop or, without one, the program's folder.
+// Where a file dialog starts: the desktop or, for a user without one and without a home, the program's folder.
 inline std::string firstFolder(const Main& main) {
   const Folders& folders = main.around.folders;
   return folders.desktop.empty() ? folders.program : folders.desktop;

@@ -16,6 +16,7 @@ namespace {
 constexpr std::size_t kLineVoltage = 0;
 constexpr std::size_t kNeutralGround = 3;
 
+constexpr char kNoReading[] = "\u2013";
 constexpr double kNothing = std::numeric_limits<double>::quiet_NaN();
 
 // A column of the recording as a plot. It may be asked for rows of a table that is gone.
@@ -46,6 +47,7 @@ bool isShown(const Main& main, std::size_t plot) {
 std::string annotationOf(const Main& main, std::size_t plot) {
   const std::size_t rows = finishedChartRows(main);
   if (rows == 0) return {};
+  if (isInGap(main.recording, rows - 1)) return kNoReading;
   return chartAnnotation(plot, main.logs.chartData[rows - 1][plot + 1], main.link.modelLine == 1);
 }
 

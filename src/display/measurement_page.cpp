@@ -2,13 +2,15 @@
 
 #include "protocol/asking.h"
 #include "protocol/counters.h"
+#include "protocol/dict_text.h"
 #include "protocol/measurement_show.h"
 #include "protocol/stay.h"
 
 namespace zephon {
 namespace {
 
-constexpr char kClearQuestion[] = "Clear?";
+constexpr std::size_t kKeyCounters = 168;
+constexpr std::size_t kKeyEnergy = 131;
 
 void setOn(Slider& slider, bool on) {
   slider.setPointerMode(0, on ? 1 : 0);
@@ -48,9 +50,9 @@ void toggleEnergy(Main& main) {
 }
 
 // The page may be left, and another device connected, while the question stands: then nothing is cleared.
-void askToClear(Main& main, Button& button, bool& request) {
+void requestClear(Main& main, Button& button, std::size_t subjectKey, bool& request) {
   const Stay stay(main);
-  if (!button.enabled() || !askYesNo(main, kClearQuestion) || !stay.stands()) return;
+  if (!button.enabled() || !askToClear(main, dictText(main, subjectKey)) || !stay.stands()) return;
   request = true;
   button.setEnabled(false);
 }
@@ -65,10 +67,11 @@ void wireMeasurementPage(Main& main) {
   m.recSlide.onClick = [&main] { toggleRecord(main); };
   m.EUtxt.onClick = [&main] { toggleEnergy(main); };
   m.clrCountBtn.onChange = [&main](bool pressed) {
-    if (pressed) askToClear(main, main.measurement.clrCountBtn, main.counters.clearCountsRequest);
+    if (pressed)
+      requestClear(main, main.measurement.clrCountBtn, kKeyCounters, main.counters.clearCountsRequest);
   };
   m.clrEUbtn.onChange = [&main](bool pressed) {
-    if (pressed) askToClear(main, main.measurement.clrEUbtn, main.energy.clearEnergyRequest);
+    if (pressed) requestClear(main, main.measurement.clrEUbtn, kKeyEnergy, main.energy.clearEnergyRequest);
   };
 }
 

@@ -12,7 +12,6 @@
 namespace zephon {
 namespace {
 
-constexpr std::size_t kKeyTime = 56;
 constexpr std::size_t kKeyOneShot = 184;
 constexpr char kLevelPicture[] = "###0.##0";
 constexpr const char* kBetween = "   ";  // two readings
@@ -131,7 +130,7 @@ void setUpScopeGraph(Main& main) {
     axes.push_back(axisOf(main, channel));
   }
   Graph& graph = main.frame.CWGraph2;
-  graph.setX(Graph::XKind::Number, dictText(main, kKeyTime) + " (ms)");
+  graph.setX(Graph::XKind::Number, dictText(main, words::kSpan) + " (ms)");
   graph.setUp(std::move(axes), std::move(plots), std::vector<Graph::Cursor>(2));
   showCapture(main);
   graph.setVisible(true);

@@ -99,8 +99,9 @@ std::string desktopFolder() {
     if (!found.empty()) named = found;
   }
   if (!named.empty() && isFolder(named)) return named;
-  const std::string usual = underHome("/Desktop");
-  return isFolder(usual) ? usual : "";
+  for (const std::string& usual : {underHome("/Desktop"), underHome("")})
+    if (isFolder(usual)) return usual;
+  return "";
 }
 
 bool fileExists(const std::string& path) {

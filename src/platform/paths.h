@@ -19,8 +19,8 @@ std::string resourceFolder(const std::string& program);
 std::string configFolder();
 std::string stateFolder();
 
-// The user's desktop: the one that user-dirs.dirs among the configuration names, or ~/Desktop. Only one that
-// stands; otherwise empty.
+// The user's desktop: the one that user-dirs.dirs among the configuration names, or ~/Desktop, or the home folder
+// itself, as desktops without one have it. Only one that stands; otherwise empty.
 std::string desktopFolder();
 
 // True if the path leads, through links, to something that is no folder: a file, a device, a pipe. False for

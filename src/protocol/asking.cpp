@@ -32,9 +32,9 @@ void tellTitled(Main& main, const std::string& title, const std::string& text) {
   main.around.dialogs.titledMessage(title, text);
 }
 
-bool askYesNo(Main& main, const std::string& question) {
+bool askToClear(Main& main, const std::string& subject) {
   const WatchdogRest rest(main);
-  return main.around.dialogs.yesNo(question);
+  return main.around.dialogs.yesNo("Clear?", subject);
 }
 
 std::optional<std::string> askText(Main& main, const std::string& title, const std::string& text,

@@ -13,7 +13,8 @@ namespace zephon {
 void tell(Main& main, const std::string& text, const std::string& advice = {});
 // A message under a title of its own.
 void tellTitled(Main& main, const std::string& title, const std::string& text);
-bool askYesNo(Main& main, const std::string& question);
+// Asks whether something that the conditioner keeps is to be cleared; it is gone then.
+bool askToClear(Main& main, const std::string& subject);
 // Asks for a text, with the answer that stands at first; nothing when cancelled.
 std::optional<std::string> askText(Main& main, const std::string& title, const std::string& text,
                                    const std::string& answer);

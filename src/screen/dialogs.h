@@ -30,7 +30,8 @@ class Dialogs {
   virtual void message(const std::string& text, const std::string& advice = {}) = 0;
   // A message under a title of its own.
   virtual void titledMessage(const std::string& title, const std::string& text) { message(text, title); }
-  virtual bool yesNo(const std::string& question) = 0;
+  // `subject` is one line beside the question that says what it is about; empty for none.
+  virtual bool yesNo(const std::string& question, const std::string& subject = {}) = 0;
   // OK and Cancel.
   virtual bool okCancel(const std::string& question, const std::string& title) = 0;
   // Nothing when cancelled.

@@ -9,7 +9,7 @@ void ConsoleDialogs::message(const std::string& text, const std::string& advice)
   if (!advice.empty()) std::fprintf(stderr, "zephon: %s\n", advice.c_str());
 }
 
-bool ConsoleDialogs::yesNo(const std::string& /*question*/) {
+bool ConsoleDialogs::yesNo(const std::string& /*question*/, const std::string& /*subject*/) {
   return false;
 }
 

@@ -9,7 +9,7 @@ namespace zephon {
 class ConsoleDialogs : public Dialogs {
  public:
   void message(const std::string& text, const std::string& advice = {}) override;
-  bool yesNo(const std::string& question) override;
+  bool yesNo(const std::string& question, const std::string& subject = {}) override;
   bool okCancel(const std::string& question, const std::string& title) override;
   std::optional<std::string> prompt(const std::string& title, const std::string& text,
                                     const std::string& answer) override;

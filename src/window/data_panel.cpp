@@ -66,7 +66,9 @@ QWidget* hint(Main& main, QWidget* parent) {
   const auto show = [&main, text] {
     const bool tree = main.data.TreeView1.visible();
     const bool graph = main.frame.CWGraph2.visible() && !main.frame.CWGraph2.plots().empty();
-    text->setText(say(tree ? words::kEmptyLog : words::kNoLog));
+    const QString files =
+        main.link.connected ? QLatin1Char('\n') + say(words::kFilesWithoutDevice) : QString();
+    text->setText(tree ? say(words::kEmptyLog) : say(words::kNoLog) + files);
     text->setVisible(tree ? main.data.TreeView1.empty() : !graph);
   };
   watchWhile(*text, main.data.TreeView1, show);

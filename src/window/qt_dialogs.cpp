@@ -86,10 +86,11 @@ void QtDialogs::titledMessage(const std::string& title, const std::string& text)
   box(toQt(title), toQt(text), {});
 }
 
-bool QtDialogs::yesNo(const std::string& question) {
+bool QtDialogs::yesNo(const std::string& question, const std::string& subject) {
   QMessageBox box(QMessageBox::Question, titleOf(window_), toQt(question), QMessageBox::Yes | QMessageBox::No,
                   window_);
   box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(toQt(subject));
   box.setDefaultButton(QMessageBox::No);
   return run(box) == QMessageBox::Yes;
 }

@@ -45,9 +45,9 @@ QWidget* channelsCard(ScopeElements& page, QWidget* parent) {
 }
 
 QWidget* timeCard(ScopeElements& page, QWidget* parent) {
-  auto* card = new Card(words::kTime, {&page.XinBtn, &page.XoutBtn, &page.xTimeLbl}, parent);
+  auto* card = new Card(words::kSpan, {&page.XinBtn, &page.XoutBtn, &page.xTimeLbl}, parent);
   QLabel* scale = draw(page.xTimeLbl, card);
-  describeBy(*scale, words::kTime);
+  describeBy(*scale, words::kSpan);
   card->column()->addWidget(scale);
   addPair(*card, {page.XinBtn, words::kZoomIn, Glyph::ZoomIn},
           {page.XoutBtn, words::kZoomOut, Glyph::ZoomOut});

@@ -50,7 +50,7 @@ TEST_F(DataPage, TheChartMemoryIsPlottedWithAQuarterOfTheWidthFree) {
 TEST_F(DataPage, ClearingAsksWhichLogAndWaitsForWhatStillComes) {
   dialogs.yes = false;
   d.clrTsDataBtn.click();
-  EXPECT_EQ(dialogs.texts().back(), "Clear Time Stamped Log?");
+  EXPECT_EQ(dialogs.shown().back().text + dialogs.shown().back().detail, "Clear?Time Stamped Log");
   EXPECT_TRUE(commands().empty());
   dialogs.yes = true;
   later(3000, [&] { d.cancelDataBtn.click(); });

@@ -32,7 +32,7 @@ TEST(Paths, DesktopIsTheNamedOneThatStands) {
   TempFolder folder;
   put("HOME", folder / "");
   put("XDG_CONFIG_HOME", "");
-  EXPECT_EQ(desktopFolder(), "");
+  EXPECT_EQ(desktopFolder(), folder / "");
   fs::create_directory(folder / "Desktop");
   EXPECT_EQ(desktopFolder(), folder / "Desktop");
   folder.put(".config/user-dirs.dirs", "# XDG_DESKTOP_DIR=\"/\"\nXDG_DESKTOP_DIR=\"$HOME/Mein \\$Tisch\"\n");

@@ -15,7 +15,7 @@ class FakeDialogs : public Dialogs {
     std::string kind;    // "message", "yesNo", "okCancel", "prompt", "openFile", "saveFile",
                          // "openInViewer"
     std::string text;    // the message or question; of the file dialogs the suggested name
-    std::string detail;  // advice, title, or the folder where a file dialog starts
+    std::string detail;  // advice, subject, title, or the folder where a file dialog starts
   };
 
   // The answers; each stays until it is changed.
@@ -39,8 +39,8 @@ class FakeDialogs : public Dialogs {
   void message(const std::string& text, const std::string& advice) override {
     show({"message", text, advice});
   }
-  bool yesNo(const std::string& question) override {
-    show({"yesNo", question, {}});
+  bool yesNo(const std::string& question, const std::string& subject = {}) override {
+    show({"yesNo", question, subject});
     return yes;
   }
   bool okCancel(const std::string& question, const std::string& title) override {
