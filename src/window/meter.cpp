@@ -20,6 +20,7 @@ constexpr double kBarHeight = 12;
 constexpr double kMark = 10;
 constexpr double kGap = 10;
 constexpr int kTwoLineHeight = 150;
+constexpr double kSmallerTitle = 0.85;
 constexpr int kMostSteps = 40;
 
 // Where a value lies on the axis, 0 to 1; beyond its ends it stands at the end.
@@ -111,17 +112,18 @@ QColor Meter::ink() const {
   return live ? palette().color(QPalette::Active, QPalette::Text) : tone(Tone::Muted, palette());
 }
 
-// The zone's word stands at the right of the title. Where there is no room for both it goes below the title
-// or, in a low meter, the mark stands alone.
+// The zone's word stands at the right of the title. Where there is no room for both it goes below the title; in a
+// low meter a somewhat smaller title makes room for it or, if that does not do, the mark stands alone.
 void Meter::paintHead(QPainter& painter, const QRectF& box) {
   const QFontMetricsF metrics(font());
   QString word = zoneWord(zone());
   const auto zoneWidth = [&] {
     return zone() == Zone::Empty ? 0 : kMark + (word.isEmpty() ? 0 : metrics.horizontalAdvance(word) + 6);
   };
-  const bool tight = metrics.horizontalAdvance(face_.title) + kGap + zoneWidth() > box.width();
-  const bool below = tight && height() >= kTwoLineHeight;
-  if (tight && !below) word.clear();
+  const double title = metrics.horizontalAdvance(face_.title);
+  const auto fits = [&](double share) { return share * title + kGap + zoneWidth() <= box.width(); };
+  const bool below = !fits(1) && height() >= kTwoLineHeight;
+  if (!below && !fits(kSmallerTitle)) word.clear();
 
   const QRectF line = below ? box.translated(0, box.height() + 3) : box;
   const QRectF mark(line.right() - zoneWidth(), line.center().y() - kMark / 2, kMark, kMark);
@@ -130,9 +132,9 @@ void Meter::paintHead(QPainter& painter, const QRectF& box) {
   painter.setPen(zoneColour(zone(), palette()));
   painter.drawText(line, Qt::AlignRight | Qt::AlignVCenter, word);
   painter.setPen(tone(Tone::Muted, palette()));
-  const QRectF title = box.adjusted(0, 0, below ? 0 : -zoneWidth() - kGap, 0);
+  const QRectF place = box.adjusted(0, 0, below ? 0 : -zoneWidth() - kGap, 0);
   const FittedText drawn =
-      drawFitted(painter, title, Qt::AlignLeft | Qt::AlignVCenter, face_.title, font(), 1);
+      drawFitted(painter, place, Qt::AlignLeft | Qt::AlignVCenter, face_.title, font(), 1);
   cut_ = drawn.cut || (word.isEmpty() && !zoneWord(zone()).isEmpty());
 }
 
