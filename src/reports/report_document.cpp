@@ -71,12 +71,13 @@ int styleOf(bool bold) {
 ReportDocument::ReportDocument(const PdfHost& host, const ReportHead& head, std::span<const std::string> dict,
                                std::size_t pages)
     : pdf_(host), head_(head), dict_(dict), fonts_(host.programFolder + "/Fonts"), pages_(pages) {
+  pdf_.PDFPathConfiguration(fonts_);
+  pdf_.PDFInit();
   pdf_.PDFTitle("QLT Zephon Orvantis PCS " + unitDescription(head, dict));
 }
 
 bool ReportDocument::begin(const std::string& path) {
   if (!pdf_.PDFFileName(path)) return false;
-  pdf_.PDFLoadAfm(fonts_);
   pdf_.PDFSetLayoutMode(kNoLayout);
   pdf_.PDFFormatPage(kA4);
   pdf_.PDFOrientation(kUpright);
