@@ -7,8 +7,6 @@ namespace {
 
 using Kind = Disturbance::Kind;
 
-constexpr double kDay = 86400.0;
-
 TEST(Watching, CountsWhatTheSiteDoesBeyondTheDevicesOwnLimits) {
   // A disturbance; the one counter of the first line; under, over voltages, outages and surges of the second.
   const std::tuple<Disturbance, std::optional<Event>, std::string> rows[] = {
@@ -41,29 +39,22 @@ TEST(Watching, CountsWhatTheSiteDoesBeyondTheDevicesOwnLimits) {
 }
 
 TEST(Watching, AVoltageAtABorderIsOneEventAndADeeperOneIsAnother) {
-  // Volts; under voltages recorded and shut down, and those in the second line's image.
-  const std::tuple<std::vector<double>, std::uint32_t, std::uint32_t, int> rows[] = {
-      {{99.9, 100.2, 99.8, 100.9, 99.5}, 1, 0, 1},
-      {{99.9, 101.5, 99.9}, 2, 0, 2},
-      {{99.0, 79.0, 99.0, 120.0}, 1, 1, 1},
-      {{79.0, 95.0, 79.0}, 0, 2, 1}};
-  for (const auto& [seen, record, shutdown, image] : rows) {
-    BenchLine first({}, quiet());
-    BenchLine second(makeProfile(Line::Tessara), quiet());
-    second.ask("a0");  // under voltage shutdown at 80 V as on the first line
-    for (const double volts : seen) {
-      first.device.hold({.volts = volts});
-      second.device.hold({.volts = volts});
-    }
-    EXPECT_EQ(first.device.device().count(Event::UnderRecord), record) << seen[0];
-    EXPECT_EQ(first.device.device().count(Event::UnderShutdown), shutdown) << seen[0];
-    EXPECT_EQ(second.device.device().image.count(ImageEvent::UnderVoltage), image) << seen[0];
+  // Volts; under voltages recorded and shut down.
+  const std::tuple<std::vector<double>, std::uint32_t, std::uint32_t> rows[] = {
+      {{99.9, 100.2, 99.8, 100.9, 99.5}, 1, 0},
+      {{99.9, 101.5, 99.9}, 2, 0},
+      {{99.0, 79.0, 99.0, 120.0}, 1, 1}};
+  for (const auto& [seen, record, shutdown] : rows) {
+    BenchLine line({}, quiet());
+    for (const double volts : seen) line.device.hold({.volts = volts});
+    EXPECT_EQ(line.device.device().count(Event::UnderRecord), record) << seen[0];
+    EXPECT_EQ(line.device.device().count(Event::UnderShutdown), shutdown) << seen[0];
   }
 }
 
 TEST(Watching, DoesNotDependOnWhoAsksHowOften) {
   Options options;
-  options.pastSeconds = kDay;
+  options.pastSeconds = 86'400;
   BenchLine asked({}, options);
   BenchLine leftAlone({}, options);
   for (int i = 0; i < 5000; ++i) asked.ask("g9", 7310.7);
@@ -73,6 +64,36 @@ TEST(Watching, DoesNotDependOnWhoAsksHowOften) {
   EXPECT_EQ(one.events.frame(), other.events.frame());
   EXPECT_DOUBLE_EQ(one.kilowattHours(), other.kilowattHours());
   EXPECT_GT(other.kilowattHours(), 5.0);
+}
+
+TEST(Outlets, GoOffBeyondTheShutdownPointsAndComeBackAtTheRestorePoints) {
+  const std::pair<double, std::string> steps[] = {{81, "1"},  {79, "V"},  {104, "V"}, {105, "1"}, {149, "1"},
+                                                  {151, "V"}, {141, "V"}, {140, "1"}, {10, "0"},  {104, "V"}};
+  BenchLine line({}, quiet());
+  for (const auto& [volts, letter] : steps) {
+    line.device.hold({.volts = volts});
+    EXPECT_EQ(line.ask("gQ"), letter) << volts;
+  }
+}
+
+TEST(Outlets, OptionsDecideWhatShutsThemOff) {
+  // The option, the trouble and its seconds; the outlets during it and after.
+  const std::tuple<std::string, Held, double, std::string, std::string> rows[] = {
+      {"sJN", {.volts = 0.0}, 1, "0", "1"},
+      {"sJY", {.volts = 0.0}, 1, "0", "0"},  // stay off after an outage
+      {"sFY", {.neutralGroundVolts = 40.0}, 1, "G", "1"},
+      {"sFN", {.neutralGroundVolts = 40.0}, 1, "1", "1"},
+      {"sHY", {.amps = 30.0}, 5, "1", "1"},
+      {"sHY", {.amps = 30.0}, 30, "0", "0"}};
+  for (const auto& [option, trouble, seconds, during, after] : rows) {
+    BenchLine line({}, quiet());
+    ASSERT_EQ(line.ask(option), "OK");
+    line.device.hold(trouble);
+    line.idle(seconds);
+    EXPECT_EQ(line.ask("gQ"), during) << option << " " << seconds;
+    line.device.release();
+    EXPECT_EQ(line.ask("gQ"), after) << option << " " << seconds;
+  }
 }
 
 }  // namespace

@@ -1,11 +1,29 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "simulator/bench_line.h"
+
+// What a device of each line tells.
 
 namespace zephon::simulator {
 namespace {
+
+TEST(Orvantis, TellsReadingsAsSharesOfFullScale) {
+  // Volts, amps, watts, neutral-ground volts, hertz, power factor and its letter, crest factor.
+  const Held ordinary{120.0, 10.0, 1200.0, 1.5, 60.0, 0.95, 'L', 1.4};
+  const Held extreme{600.0, 0.0, -5.0, 65535.99999, 0.0, -0.5, 'C', 1.0};
+  const std::array<std::string, 3> rows[] = {
+      {"g4", "3c00", "ffff"},     {"g6", "0a00", "0000"}, {"g8", "012c", "0000"},
+      {"g5", "000180", "ffffff"}, {"g;", "01ec", "0000"}, {"g7", "2a00", "9600"},  // peak volts times 64
+      {"g:", "7a4c", "bf43"},  // doubled signed share, negative as ones' complement; the letter
+  };
+  BenchLine line({}, quiet());
+  for (const auto& [command, ofOrdinary, ofExtreme] : rows) {
+    line.device.hold(ordinary);
+    EXPECT_EQ(hex(line.ask(command)), ofOrdinary) << command;
+    line.device.hold(extreme);
+    EXPECT_EQ(hex(line.ask(command)), ofExtreme) << command;
+  }
+}
 
 // The bytes of a dump from `first` on, in hex.
 std::string imageBytes(const std::string& dump, int first, int count) {
@@ -28,21 +46,10 @@ TEST(Tessara, DumpHasCountersRingAndLimitsInTheirPlaces) {
   image.record(ImageEvent::Outage, 10 * 3600);
   image.record(ImageEvent::OverVoltage, 200 * 86400);
   const std::string dump = line.ask("+");
-  EXPECT_EQ(imageBytes(dump, 1, 20),
-            "1245e301"
-            "00000000"
-            "00009000"
-            "00004099"
-            "ffffffff");
-  EXPECT_EQ(imageBytes(dump, 241, 13),
-            "010000"
-            "010000"
-            "010000"
-            "010000"
-            "10");
+  EXPECT_EQ(imageBytes(dump, 1, 20), "1245e301000000000000900000004099ffffffff");
+  EXPECT_EQ(imageBytes(dump, 241, 13), "01000001000001000001000010");
 
-  for (int i = 0; i < 60; ++i) image.record(ImageEvent::UnderVoltage, i);
-  for (int i = 61; i < 123; ++i) image.record(ImageEvent::UnderVoltage, 7);
+  for (int i = 1; i < 123; ++i) image.record(ImageEvent::UnderVoltage, 7);
   const std::string wrapped = line.ask("+");
   EXPECT_EQ(imageBytes(wrapped, 241, 3), "230100");  // 123, the lowest pair first
   EXPECT_EQ(imageBytes(wrapped, 253, 1), "18");      // 126 records: the 7th place is next
@@ -50,16 +57,8 @@ TEST(Tessara, DumpHasCountersRingAndLimitsInTheirPlaces) {
 
   EXPECT_EQ(line.ask("z"), "");
   EXPECT_EQ(imageBytes(line.ask("+"), 239, 17), "ffff" + std::string(26, '0') + "0001");
-}
-
-TEST(Tessara, NeverSendsASeparatorForAByte) {
-  BenchLine line(makeProfile(Line::Tessara), quiet());
-  line.device.device().image.poke(100, 0xFE);
-  const std::string dump = line.ask("+");
-  EXPECT_EQ(std::count(dump.begin(), dump.end(), '.'), 256);
-  EXPECT_EQ(imageBytes(dump, 100, 1), "ff");
-  EXPECT_EQ(line.ask("a."), "");
-  EXPECT_EQ(line.device.device().image.at(255), 0x01);
+  image.poke(100, 0xFE);
+  EXPECT_EQ(imageBytes(line.ask("+"), 100, 1), "ff") << "never a separator for a byte";
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include "simulator/bench_line.h"
 #include "simulator/noise.h"
 
+// The pace of the line, and what can go wrong on it.
+
 namespace zephon::simulator {
 namespace {
 
@@ -20,35 +22,12 @@ TEST(PaceTest, TheLastByteComesWhenTheLineAllows) {
   }
 }
 
-TEST(PaceTest, AnotherSpeedIsNoiseAndSpoilsTheHalfOfACommandBeforeIt) {
-  BenchLine line;
-  line.device.hear("g", 115200);
-  line.idle(0.1);
-  line.device.hear("N", 9600);
-  line.idle(1);
-  EXPECT_EQ(line.device.noise(), "gN");
-  EXPECT_EQ(line.ask("N"), "");
-  EXPECT_EQ(line.ask("gN"), "1KD1");
-}
-
-TEST(PaceTest, HalfACommandIsForgottenAfterAQuietSecond) {
-  for (const auto& [pause, reply] : {std::pair{0.9, "OK"}, {1.1, ""}}) {
-    BenchLine line;
-    line.ask("s:ABC", 5);
-    line.idle(pause);
-    EXPECT_EQ(line.ask("DEFGHIJ"), reply) << pause;
-    EXPECT_EQ(line.ask("gN"), "1KD1") << pause;
-  }
-}
-
 TEST(PaceTest, AnyBytesLeaveADeviceThatAnswers) {
   for (const Line kind : {Line::Orvantis, Line::Tessara}) {
     BenchLine line(makeProfile(kind));
     for (std::int64_t i = 0; i < 20'000; ++i) {
-      // Half of them are such as may call something.
       const double pick = chance(5, 0, i);
-      const char byte =
-          i % 2 == 0 ? "gs:;49>=?@YNabnv+"[static_cast<int>(pick * 17)] : static_cast<char>(pick * 256);
+      const char byte = i % 2 == 0 ? "gs:;49>=?@YNabnv+"[int(pick * 17)] : static_cast<char>(pick * 256);
       line.device.hear(std::string(1, byte), line.baud);
     }
     line.idle(600);
@@ -61,13 +40,36 @@ TEST(PaceTest, APurgeLosesWhatIsOnItsWayAndNotTheRestOfTheReply) {
   BenchLine line(makeProfile(Line::Tessara));
   line.device.hear("i", 9600);
   line.device.linePurged();  // before the command has left
-  EXPECT_EQ(line.ask("r"), "2.00");
-
   line.device.hear("r", 9600);
   line.idle(0.0030);  // the command, the answer time and one byte of the reply have passed
   line.device.linePurged();
   line.chunks.clear();
   EXPECT_EQ(line.ask(""), ".00");
+}
+
+TEST(FaultTest, EachKindSpoilsTheReplyInItsWay) {
+  const std::array<std::string, 4> rows[] = {
+      {"silent:count=1,only=gO", "gN", "1KD1", "1KD1"},
+      {"short", "gN", "1KD", "1KD"},
+      {"stray:amount=2,count=1", "gN", "UU1KD1", "1KD1"},
+      {"garbage:count=1", "gV", "\xED", "x"},
+      {"doubled:count=1", "gN", "11KKDD11", "1KD1"},
+      {"refuse", "gV", "x", "x"},
+      {"refuse:count=1", "s4P", "", "OK"},
+      {"cut:amount=2", "gN", "1K", ""},
+      {"stray:at=3,count=1", "gN", "1KDUUU1", "1KD1"},
+      {"stall:amount=0,count=1", "gN", "1K", "1KD1"},
+      {"corrupt:amount=2,count=1", "gP", "ZE\xC5HON \xC6IM", "ZEPHON SIM"},
+      {"silent:after=1.5,for=2", "gN", "1KD1", ""}};
+  for (const auto& [text, command, first, second] : rows) {
+    SCOPED_TRACE(text);
+    BenchLine line({}, quiet());
+    line.device.addFault(parseFault(text).value());
+    EXPECT_EQ(line.ask(command, 2000), first);
+    EXPECT_EQ(line.ask(command, 2000), second);
+    line.device.clearFaults();
+    EXPECT_EQ(line.ask("gN"), "1KD1");
+  }
 }
 
 }  // namespace
