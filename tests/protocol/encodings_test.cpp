@@ -5,27 +5,23 @@
 #include <cmath>
 #include <random>
 
+#include "protocol/scope_samples.h"
 #include "support/log_bytes.h"
+
+// What the bytes of readings and scope samples mean.
 
 namespace zephon {
 namespace {
 
 using namespace std::string_literals;
 
-// The decoding by way of its bit text.
-double fractionByBits(const std::string& raw, bool isSigned) {
+// The same as by way of the bit text.
+void expectDecodedByBits(std::uint32_t number, int bytes) {
+  const std::string raw = testing_support::high(static_cast<int>(number), bytes);
   std::string bits;
   for (const char digit : ascii2hex(raw)) bits += hex2bin(digit);
-  return isSigned && bits.front() == '1' ? binFraction(complement(bits)) * -1.0f : binFraction(bits);
-}
-
-void expectSameBits(std::uint32_t number, int bytes) {
-  const std::string raw = testing_support::high(static_cast<int>(number), bytes);
-  for (const bool isSigned : {false, true}) {
-    ASSERT_EQ(std::bit_cast<std::uint64_t>(unscaledFraction(raw, isSigned)),
-              std::bit_cast<std::uint64_t>(fractionByBits(raw, isSigned)))
-        << ascii2hex(raw) << ' ' << isSigned;
-  }
+  ASSERT_EQ(unscaledFraction(raw, false), binFraction(bits)) << bits;
+  ASSERT_EQ(unscaledFraction(raw, true), bits[0] == '1' ? -binFraction(complement(bits)) : binFraction(bits));
 }
 
 TEST(Encodings, decodesFractions) {
@@ -36,7 +32,6 @@ TEST(Encodings, decodesFractions) {
       {"\x01\x80\x00\x00"s, false, 1.5},
       {"\xFF\xFF\xFF\xFF"s, false, 256},  // rounded up while adding
       {"\x01\x00\x00\x01"s, false, 1},    // the last bit is lost in rounding
-      {"\x00\x00\x00\x01"s, false, 0x1p-24},
       {""s, true, 0},
       {"\x80\x00\x00\x00\x00"s, false, 0}};
   for (const auto& [raw, isSigned, value] : rows)
@@ -45,29 +40,49 @@ TEST(Encodings, decodesFractions) {
 }
 
 TEST(Encodings, decodesAsFastAsSlowly) {
-  for (std::uint32_t number = 0; number < 0x10000; ++number) expectSameBits(number, number < 0x100 ? 1 : 2);
   std::mt19937 random(1);
-  for (int i = 0; i < 20000; ++i) {
-    expectSameBits(static_cast<std::uint32_t>(random()), i % 2 == 0 ? 3 : 4);
-    expectSameBits(static_cast<std::uint32_t>(random()) | 0x00FFFF00, 4);
+  for (std::uint32_t number = 0; number < 0x10000; ++number) {
+    expectDecodedByBits(number, number < 0x100 ? 1 : 2);
+    expectDecodedByBits(static_cast<std::uint32_t>(random()), number % 2 == 0 ? 3 : 4);
   }
 }
 
-TEST(Encodings, convertsBetweenHexBitsAndText) {
-  EXPECT_EQ(ascii2hex("\x0F\xA0Z"), "0FA05A");
-  const std::pair<const char*, std::string> hexTexts[] = {
-      {"0200", "\x02\x00"s}, {"b5F", "\xB5\x0F"}, {"G14Z", "\x00\x04"s}};
-  for (const auto& [hex, text] : hexTexts) EXPECT_EQ(hex2ascii(hex), text) << hex;
-  EXPECT_EQ(std::string(hex2bin('F')) + std::string(hex2bin(' ')) + std::string(hex2bin('a')), "1111 ");
+TEST(Encodings, readsHexDecimalsAndBcdUpToTheFirstLetter) {
+  EXPECT_EQ(hex2ascii("G14Z") + hex2ascii("b5F"), "\x00\x04\xB5\x0F"s);
   for (const auto& [text, number] : {std::pair{"a", 10}, {"F", 15}, {"12", 12}, {"g", 0}, {"99999", 0}})
     EXPECT_EQ(HexToDec(text), number) << text;
-}
-
-TEST(Encodings, readsDecimalsAndBcdUpToTheFirstLetter) {
   EXPECT_EQ(decodeDecimal("\xF0"), 240);
   EXPECT_EQ(decodeDecimal("\x04\x01\x02"), 262) << "only the second last byte is weighed";
   for (const auto& [byte, number] : {std::pair{0x59, 59}, {0x1A, 1}, {0x0F, 0}, {0xA1, 0}, {0x99, 99}})
     EXPECT_EQ(bcdByte(static_cast<std::uint8_t>(byte)), number) << byte;
+}
+
+TEST(ScopeSamples, EveryCodeIsItsShareOfFullScale) {
+  for (int code = -32768; code < 32768; ++code) {
+    const auto low = static_cast<char>(code);
+    ASSERT_EQ(scopeAmperes(static_cast<char>(code >> 8), low), code / 128.0);
+    ASSERT_EQ(scopeVolts(low), 4.0 * static_cast<signed char>(low));
+  }
+}
+
+TEST(ScopeSamples, AreFoundBehindTheMark) {
+  using Values = std::vector<double>;
+  const std::tuple<int, std::string, std::size_t, Values, Values, Values> rows[] = {
+      {1, "VV\x01\xFF\x7F"s, 3, {4, -4, 508}, {}, {}},
+      {1, "VV\x01\xFF\x7F"s, 2, {4, -4}, {}, {}},
+      {1, "xyVV\x01"s, 3, {4}, {}, {}},          // strays ahead push the last ones out
+      {1, "AA\x01\xFF"s, 2, {260, 4}, {}, {}},   // no mark: from the second character on
+      {1, "VVVV"s, 4, {344, 344}, {}, {}},       // the first mark counts
+      {2, "AA\x01\x40\xFF"s, 2, {}, {2.5}, {}},  // half a sample is none
+      {3, "VA\x02\x01\x40\xFE\xFF\x80"s, 2, {8, -8}, {2.5, -1}, {20, 8}},
+      {3, "VA\x02\x01"s, 2, {}, {}, {}},
+      {2, "A"s, 2, {}, {}, {}}};
+  for (const auto& [mode, gathered, most, volts, amperes, watts] : rows) {
+    const ScopeSamples samples = decodeCapture(gathered, mode, most);
+    EXPECT_EQ(samples.volts, volts) << gathered;
+    EXPECT_EQ(samples.amperes, amperes) << gathered;
+    EXPECT_EQ(samples.watts, watts) << gathered;
+  }
 }
 
 }  // namespace

@@ -41,23 +41,8 @@ TEST(Options, TheReplyIsOnTheButton) {
   }
 }
 
-TEST(Options, OnlyTheFirstLineConfirmsAndIsGivenATenthOfASecond) {
-  World first;
-  EXPECT_TRUE(setEnableAutoTX(first.main, true));
-  EXPECT_EQ(first.writes(), (std::vector<std::string>{"sC", "Y"}));
-  EXPECT_EQ(Millis(first.line.written()[1].at).count(), 100);
-  World second(simulator::makeProfile(simulator::Line::Tessara));
-  EXPECT_TRUE(setEnableAutoTX(second.main, true));
-  second.run(20);  // the next command would purge it from the line
-  EXPECT_TRUE(getAutoTXstate(second.main) && second.main.setup.enableAutoTXbtn.value());
-  EXPECT_TRUE(setEnableAutoTX(second.main, false));
-  EXPECT_EQ(second.writes(), (std::vector<std::string>{"k", "j", "l"}));
-}
-
 TEST(Battery, ReadingToText) {
-  for (const auto& [reading, text] :
-       {std::pair{255, "B: 100%, 2.99V"}, {0, "B: 0%, 0V"}, {128, "B: 50%, 1.5V"}})
-    EXPECT_EQ(batteryText(static_cast<std::uint8_t>(reading), "B"), text);
+  EXPECT_EQ(batteryText(0, "B") + batteryText(255, "B"), "B: 0%, 0VB: 100%, 2.99V");
   World world;
   ASSERT_TRUE(getBattery(world.main));
   EXPECT_EQ(world.main.frame.EUlbl.caption(), "Battery: 98%, 2.93V");

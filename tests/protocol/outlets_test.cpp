@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "support/bench.h"
 
 namespace zephon {
@@ -11,43 +9,37 @@ namespace {
 
 using testing_support::Script;
 
-// What the three buttons show: their values, "!" where one can be pressed, and their texts by key.
-std::string shown(const Main& main) {
-  const OutletElements& o = main.outlets;
+// What the three buttons show: their values, "!" where one can be pressed, and their texts.
+std::string shown(const OutletElements& o) {
   std::string all;
   for (const Button* button : {&o.oOnBtn, &o.oCycBtn, &o.oFltBtn}) {
-    all += button->value() ? "on" : "off";
-    if (button->enabled()) all += '!';
-    for (const std::string& text : {button->onText(), button->offText()}) {
-      const auto key = std::find(main.dict.begin(), main.dict.end(), text) - main.dict.begin();
-      all += text.empty() ? " -" : ' ' + std::to_string(key);
-    }
-    all += "; ";
+    all += std::string(button->value() ? "on" : "off") + (button->enabled() ? "! " : " ");
+    all += button->onText() + "/" + button->offText() + "; ";
   }
   return all;
 }
 
 // What they are to show in the state with this text.
-std::string buttons(int key) {
-  if (key == 26) return "on! 26 -; off! - 28; off - -; ";
-  if (key == 72) return "off! - 72; off - -; off - -; ";
-  if (key == 73) return "off - 71; on 73 -; off - -; ";
-  return "off - 71; off - -; on " + std::to_string(key) + " -; ";
+std::string buttons(const std::vector<std::string>& dict, std::size_t key) {
+  if (key == 26) return "on! " + dict[26] + "/; off! /" + dict[28] + "; off /; ";
+  if (key == 72) return "off! /" + dict[72] + "; off /; off /; ";
+  if (key == 73) return "off /" + dict[71] + "; on " + dict[73] + "/; off /; ";
+  return "off /" + dict[71] + "; off /; on " + dict[key] + "/; ";
 }
 
 TEST(Outlets, EveryReplyHasItsButtons) {
   // 0: the reply is refused and the buttons stay as they were.
-  const std::tuple<std::int16_t, const char*, int> rows[] = {
+  const std::tuple<std::int16_t, const char*, std::size_t> rows[] = {
       {0, "0", 72},    {0, "1Z", 26},  {0, "C", 73},     {0, "G", 74},  {0, "R", 75},
       {0, "S", 76},    {0, "T", 77},   {0, "V", 78},     {0, "", 0},    {0, "X1", 0},
       {0, "c", 0},     {1, "Off", 72}, {1, "On", 26},    {1, "CY", 73}, {1, "NG", 74},
       {1, "xRPx", 75}, {1, "20", 76},  {1, "On Of", 72}, {1, "O", 0},   {1, "TV", 0}};
   for (const auto& [line, reply, key] : rows) {
     Script script(line);
-    const std::string before = shown(script.main);
+    const std::string before = shown(script.main.outlets);
     script.peer.answer(line == 0 ? "gQ" : "s", reply);
     EXPECT_EQ(readOutlets(script.main), key != 0) << reply;
-    EXPECT_EQ(shown(script.main), key == 0 ? before : buttons(key)) << reply;
+    EXPECT_EQ(shown(script.main.outlets), key == 0 ? before : buttons(script.main.dict, key)) << reply;
   }
 }
 

@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <cstdio>
 #include <functional>
 
 #include "protocol/clock.h"
 #include "protocol/counters.h"
+#include "protocol/encodings.h"
 #include "protocol/energy.h"
 #include "protocol/identity.h"
 #include "protocol/measurement.h"
@@ -22,16 +22,7 @@ using testing_support::World;
 
 std::string told(const std::string& bytes) {
   std::string text;
-  char hex[8];
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte > ' ' && byte < 0x7F) {
-      text += c;
-    } else {
-      std::snprintf(hex, sizeof hex, "\\%02x", byte);
-      text += hex;
-    }
-  }
+  for (const char c : bytes) text += c > ' ' && c < 0x7F ? std::string(1, c) : "\\" + ascii2hex({&c, 1});
   return text;
 }
 
@@ -44,8 +35,7 @@ std::string dialogue(int modelLine, Page page, const std::function<void(Main&)>&
   world.device.hold({.volts = 120});
   world.stay(page);
   what(world.main);
-  std::string text;
-  std::string last;
+  std::string text, last;
   for (const MemoryLine::Written& one : world.line.written()) {
     if (one.bytes != last || modelLine == 0)
       text += told(one.bytes) + "@" + std::to_string(std::lround(Millis(one.at).count())) + " ";
@@ -56,13 +46,7 @@ std::string dialogue(int modelLine, Page page, const std::function<void(Main&)>&
 
 // The device needs its moments between the bytes of a write, and to answer: the pauses of every dialogue.
 TEST(Pauses, AreThoseThatTheDeviceNeeds) {
-  const struct {
-    const char* name;
-    int modelLine;
-    Page page;
-    std::function<void(Main&)> what;
-    const char* dialogue;
-  } rows[] = {
+  const std::tuple<const char*, int, Page, std::function<void(Main&)>, const char*> rows[] = {
       {"limits", 0, Page::Setup, [](Main& m) { setThresholds(m); },
        "s7@0 \\96@50 s8@100 \\87@150 s9@200 \\82@250 s4@300 P@350 s5@400 d@450 s6@500 i@550 sB@600 \\19@650 "
        "end@650"},
@@ -88,14 +72,17 @@ TEST(Pauses, AreThoseThatTheDeviceNeeds) {
       {"cycle", 1, Page::Outlets, [](Main& m) { setOutletsCyc(m); }, "c@0 end@40"},
       {"state", 1, Page::Outlets, [](Main& m) { getOutletsTR(m); }, "s@50 end@50"},
       {"auto transmit", 0, Page::Setup, [](Main& m) { setEnableAutoTX(m, true); }, "sC@0 Y@100 end@200"},
-      {"wiring", 1, Page::Setup, [](Main& m) { setYorCT(m, true); }, "n1@0 end@100"},
+      {"auto transmit", 1, Page::Setup, [](Main& m) { setEnableAutoTX(m, true); }, "k@0 end@0"},
+      {"none", 1, Page::Setup, [](Main& m) { setEnableAutoTX(m, false); }, "l@0 end@0"},
+      {"wye", 1, Page::Setup, [](Main& m) { setYorCT(m, true); }, "n1@0 end@100"},
+      {"centre tap", 1, Page::Setup, [](Main& m) { setYorCT(m, false); }, "n2@0 end@100"},
       {"image", 1, Page::Setup, [](Main& m) { importPIC(m); }, "+@100 t@120 end@120"},
       {"pass", 0, Page::Measurement, [](Main& m) { getMeasurements(m); },
        "g4@0 g6@10 g8@20 g5@30 g;@40 g:@50 g7@60 g>@80 g@@80 g?@80 gA@80 gB@80 gC@80 g_@80 end@80"},
       {"pass", 1, Page::Measurement, [](Main& m) { getMeasurements(m); },
        "+@200 t@220 s@320 v@420 p@470 end@520"}};
-  for (const auto& row : rows)
-    EXPECT_EQ(dialogue(row.modelLine, row.page, row.what), row.dialogue) << row.name;
+  for (const auto& [name, modelLine, page, what, expected] : rows)
+    EXPECT_EQ(dialogue(modelLine, page, what), expected) << name;
 }
 
 }  // namespace

@@ -36,6 +36,14 @@ TEST(NeutralGroundVolts, StartAtThree) {
     EXPECT_EQ(neutralGroundText(neutralGroundVolts(sum)).value_or("stays"), text) << sum;
 }
 
+TEST(GetVNGtr, SumsPlainCodesWithoutAPauseAhead) {
+  Script script(1);
+  script.peer.answer("p", "\x64");
+  EXPECT_TRUE(getVNGtr(script.main));
+  EXPECT_DOUBLE_EQ(script.nowMs(), 50);
+  EXPECT_EQ(script.main.measurement.VngLbl.caption(), "101 V");
+}
+
 constexpr char kSample120[] = "\xAD";  // 125 counts: 120 V
 
 TEST(GetVLGtr, ALostSampleStartsTheSumAnewWithOneMore) {
@@ -47,8 +55,6 @@ TEST(GetVLGtr, ALostSampleStartsTheSumAnewWithOneMore) {
   EXPECT_EQ(script.peer.heard().size(), 30u + 1 + 51);
   EXPECT_DOUBLE_EQ(script.nowMs(), 50 + 30 + 200 + 400 + 51);    // a pause, then a millisecond a sample
   EXPECT_EQ(script.main.measurement.VlnLbl.caption(), "122 V");  // 51 times 125 over 50, less 5, is 122.5
-  EXPECT_TRUE(getVLGtr(script.main));
-  EXPECT_EQ(script.main.measurement.VlnLbl.caption(), "120 V");
 }
 
 TEST(GetVLGtr, GivesUpAfterTenTriesInARow) {
@@ -60,14 +66,6 @@ TEST(GetVLGtr, GivesUpAfterTenTriesInARow) {
   const double before = script.nowMs();
   EXPECT_FALSE(getVLGtr(script.main));
   EXPECT_DOUBLE_EQ(script.nowMs() - before, 50 + 10 * 200 + 9 * 400);
-}
-
-TEST(GetVNGtr, SumsPlainCodesWithoutAPauseAhead) {
-  Script script(1);
-  script.peer.answer("p", "\x64");
-  EXPECT_TRUE(getVNGtr(script.main));
-  EXPECT_DOUBLE_EQ(script.nowMs(), 50);
-  EXPECT_EQ(script.main.measurement.VngLbl.caption(), "101 V");
 }
 
 }  // namespace
