@@ -16,10 +16,7 @@ TEST(ConfigFile, ReadsByPositionAloneAndWritesRemarks) {
       {"12\twhatever\nt\nf\nFR", {"12", true, false, "FR"}},
       {"255\t;\nYes\t;\nno\t;\nEN\t;\n", {"255", false, false, "EN"}},
       {"256\t;\nT\t;\nT\t;\nEN\t;\n", {"1", true, true, "EN"}},
-      {"COM4\t;\nT\t;\nT\t;\nEN\t;\n", {"1", true, true, "EN"}},
-      {"9\t;COM Port\nT", {"9", true, false, "EN"}},
-      {"", {"1", false, false, "EN"}},
-  };
+      {"", {"1", false, false, "EN"}}};
   for (const auto& [text, expected] : cases)
     EXPECT_EQ(formatConfig(parseConfig(text)), formatConfig(expected)) << text;
   EXPECT_EQ(
@@ -39,14 +36,6 @@ TEST(Configuration, TheSavedNumberIsTheNextStartsPortAndTheDefaultsHoldWithoutAF
   next.main.around.folders.config = next.main.around.folders.program = next.settings / "";
   readConfiguration(next.main);
   EXPECT_EQ(next.main.frame.COMlbl.caption() + next.main.config.language, "1EN");
-  EXPECT_TRUE(next.main.config.bannerDisplay && next.main.config.checkComSettings);
-}
-
-TEST(Configuration, ASaveThatFailsIsTold) {
-  Tool tool;
-  tool.main.around.folders.config = tool.settings.put("file", "in the way");
-  saveComNumber(tool.main);
-  EXPECT_EQ(tool.dialogs.texts(), std::vector<std::string>{tool.main.dict[47]});
 }
 
 }  // namespace

@@ -21,35 +21,30 @@ std::string shown(std::initializer_list<std::pair<char, const Element*>> control
 }
 
 TEST(PageLayout, ShowsWhatTheFirmwareHas) {
-  const struct {
-    Line line;
-    int rating;
-    const char* firmware;  // as it goes over the wire
-    // Automatic transmit, chart memory, ground detection, overload shutdown, power fail hold, wiring.
-    const char* setup;
-    const char* elsewhere;  // overloads, current, neutral, history, memory
-  } devices[] = {{Line::Orvantis, 120, "1GAZ", "", "cnh"},
-                 {Line::Orvantis, 120, "1GB0", "TM", "ocnhm"},
-                 {Line::Orvantis, 120, "1IBQ", "TM", "ocnhm"},
-                 {Line::Orvantis, 120, "1IBR", "TMG", "ocnhm"},
-                 {Line::Orvantis, 120, "1JB4", "TMG", "ocnhm"},
-                 {Line::Orvantis, 120, "1JD0", "TMG", "ocnhm"},
-                 {Line::Orvantis, 120, "1JD1", "TMGO", "ocnhm"},
-                 {Line::Orvantis, 120, "1KD0", "TMGO", "ocnhm"},
-                 {Line::Orvantis, 240, "1KD1", "TMGOP", "ocnhm"},
-                 {Line::Orvantis, 120, "1KD2", "TMGOP", "ocnhm"},
-                 {Line::Tessara, 120, "1.66", "", ""},
-                 {Line::Tessara, 120, "1.67", "T", ""},
-                 {Line::Tessara, 120, "1.99", "T", ""},
-                 {Line::Tessara, 120, "2.00", "T", "n"},
-                 {Line::Tessara, 120, "2.01", "T", "n"},
-                 {Line::Tessara, 240, "1*13", "", ""},
-                 {Line::Tessara, 240, "1*14", "W", ""},
-                 {Line::Tessara, 240, "1*15", "W", ""}};
-  for (const auto& one : devices) {
-    SCOPED_TRACE(one.firmware);
-    simulator::Profile profile = makeProfile(one.line, one.rating);
-    profile.firmware = one.firmware;
+  // The firmware on the wire; on the setup page automatic transmit, chart memory, ground detection, overload
+  // shutdown, power fail hold, wiring; elsewhere overloads, current, neutral, history, memory.
+  const std::tuple<Line, int, const char*, const char*, const char*> devices[] = {
+      {Line::Orvantis, 120, "1GAZ", "", "cnh"},
+      {Line::Orvantis, 120, "1GB0", "TM", "ocnhm"},
+      {Line::Orvantis, 120, "1IBQ", "TM", "ocnhm"},
+      {Line::Orvantis, 120, "1IBR", "TMG", "ocnhm"},
+      {Line::Orvantis, 120, "1JD0", "TMG", "ocnhm"},
+      {Line::Orvantis, 120, "1JD1", "TMGO", "ocnhm"},
+      {Line::Orvantis, 120, "1KD0", "TMGO", "ocnhm"},
+      {Line::Orvantis, 240, "1KD1", "TMGOP", "ocnhm"},
+      {Line::Orvantis, 120, "1KD2", "TMGOP", "ocnhm"},
+      {Line::Tessara, 120, "1.66", "", ""},
+      {Line::Tessara, 120, "1.67", "T", ""},
+      {Line::Tessara, 120, "1.99", "T", ""},
+      {Line::Tessara, 120, "2.00", "T", "n"},
+      {Line::Tessara, 120, "2.01", "T", "n"},
+      {Line::Tessara, 240, "1*13", "", ""},
+      {Line::Tessara, 240, "1*14", "W", ""},
+      {Line::Tessara, 240, "1*15", "W", ""}};
+  for (const auto& [line, rating, firmware, onSetup, onOthers] : devices) {
+    SCOPED_TRACE(firmware);
+    simulator::Profile profile = makeProfile(line, rating);
+    profile.firmware = firmware;
     Tool tool(profile);
     FrameElements& f = tool.main.frame;
     const SetupElements& s = tool.main.setup;
@@ -61,22 +56,23 @@ TEST(PageLayout, ShowsWhatTheFirmwareHas) {
                     {'P', &s.enablePowerFailHoldBtn},
                     {'W', &s.YorCTbutton}});
     };
-    const bool first = one.line == Line::Orvantis;
+    const bool first = line == Line::Orvantis;
     tool.press(f.setupBtn);
-    EXPECT_EQ(setup(), one.setup);
-    EXPECT_EQ(s.timeNumEdit.visible() && s.OLreNumEdit.visible(), first);
-    EXPECT_EQ(s.OVrsNumEdit.enabled() && f.ScopeBtn.enabled(), first);
+    EXPECT_EQ(setup(), onSetup);
+    EXPECT_EQ(s.timeNumEdit.visible() && s.OVrsNumEdit.enabled() && f.ScopeBtn.enabled(), first);
     tool.press(f.measBtn);
     EXPECT_EQ(setup(), "");
     const MeasurementElements& m = tool.main.measurement;
     EXPECT_TRUE(m.VlnLbl.visible() && m.POrecTxt.visible() && m.SGrecTxt.visible());
-    EXPECT_TRUE(m.cfSlide.visible() == first && m.EUtxt.visible() == first &&
-                m.UVcorecTxt.visible() == first);
+    EXPECT_TRUE(m.cfSlide.visible() == first && m.UVcorecTxt.visible() == first);
     std::string elsewhere = shown({{'o', &m.OLrecTxt}, {'c', &m.ISlide}, {'n', &m.VngSlide}});
     tool.press(f.dataBtn);
     EXPECT_TRUE(tool.main.data.tsDataBtn.visible() && !m.VlnLbl.visible());
     elsewhere += shown({{'h', &tool.main.data.histDataBtn}, {'m', &tool.main.data.cmDataBtn}});
-    EXPECT_EQ(elsewhere, one.elsewhere);
+    EXPECT_EQ(elsewhere, onOthers);
+    tool.press(f.helpBtn);
+    const std::string version = "\nFirmware Version " + tool.main.link.firmwareVersion + "\nChip ID ";
+    EXPECT_NE(tool.dialogs.texts().back().find(version), std::string::npos);
   }
 }
 
