@@ -49,6 +49,8 @@ class GraphView : public QWidget {
     column->setSpacing(2);
     column->addWidget(readings_);
     column->addWidget(canvas_, 1);
+    soon_.setSingleShot(true);
+    connect(&soon_, &QTimer::timeout, this, [this] { drawNow(); });
     watchWhile(*this, element, [this] { follow(); });
     follow();
   }
@@ -68,6 +70,7 @@ class GraphView : public QWidget {
  private:
   void follow();
   void drawSoon();
+  void drawNow();
   QString legend() const;
   QString range(std::size_t plot) const;
   void tell();
@@ -77,7 +80,7 @@ class GraphView : public QWidget {
   QLabel* readings_;
   GraphCanvas* canvas_;
   std::uint64_t picture_ = 0;
-  bool due_ = false;
+  QTimer soon_;
 };
 
 // What is shown at once is only whether; the drawing waits for the rest of the changes.
@@ -88,15 +91,15 @@ void GraphView::follow() {
 }
 
 void GraphView::drawSoon() {
-  if (!isVisible() || std::exchange(due_, true)) return;
-  QTimer::singleShot(0, this, [this] {
-    due_ = false;
-    if (!isVisible()) return;
-    canvas_->follow();
-    readings_->setText(legend());
-    tell();
-    keepRoom(std::exchange(picture_, element_.picture()) != element_.picture());
-  });
+  if (isVisible() && !soon_.isActive()) soon_.start(0);
+}
+
+void GraphView::drawNow() {
+  if (!isVisible()) return;
+  canvas_->follow();
+  readings_->setText(legend());
+  tell();
+  keepRoom(std::exchange(picture_, element_.picture()) != element_.picture());
 }
 
 QString GraphView::legend() const {
