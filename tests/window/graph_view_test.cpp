@@ -70,6 +70,15 @@ class GraphViewTest : public testing::Test {
   std::unique_ptr<QWidget> view{drawGraph(graph, nullptr)};
 };
 
+TEST_F(GraphViewTest, GivesTheRoomOfItsReadingsBackToTheNextPicture) {
+  const auto room = [&] { return view->findChild<QLabel*>("readings")->height(); };
+  view->resize(170, 400);
+  settle();
+  const int twoLines = room();
+  showOne(volts);
+  EXPECT_LT(room(), twoLines);
+}
+
 TEST_F(GraphViewTest, DrawsThePlotsOnTheirAxes) {
   ASSERT_EQ(canvas().lines(), 2U);
   EXPECT_EQ(y(0), QCPRange(0, 200));
