@@ -85,7 +85,7 @@ CalendarTime may31(int hour, int minute) {
 
 TEST(HistoryLog, decodesRowsAndClosesThem) {
   // A full half hour, a quarter of one, and one of forty minutes up to the moment of the download.
-  const HalfHour most = {0xFFFF, 255, 255, 0xFFFF, 0x8000, 0xFFFE};
+  const std::string most("\xFF\xFF\xFF\xFF\xFF\xFF\0\x80\xFE\xFF", 10);
   const std::string data =
       historyRecord(may31(10, 35)) + historyRecord(may31(11, 5)) + historyRecord(may31(11, 20), most);
   const LogTable<12> expected = {{13, 31, 5, 5, 35, 0, 728.34, -4, 119.5, 125, 112, 1.5},

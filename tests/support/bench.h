@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -12,29 +13,17 @@
 #include "protocol/exchange.h"
 #include "simulator/conditioner.h"
 #include "support/fake_dialogs.h"
-#include "support/scripted_peer.h"
 
 // The world of a driver's test: virtual time, an in-memory line, dialogs answered beforehand and the form's
-// state on top of them. World has the simulated device at the far end of COM1, Script a ScriptedPeer. Derive
-// a fixture from either, or make one on the stack:
-//
-//   World world;                                     // a first-line device, 120 V, newest firmware
-//   world.device.hold({.volts = 118.5});
-//   world.stay(Page::Measurement);
-//   EXPECT_TRUE(getVLNrms(world.main));
-//
-// Nothing is wired but the watchdog: a test calls the wiring of what it is about.
+// state on top of them. World has the simulated device at the far end of COM1, of the first line and 120 V
+// unless it is told otherwise; Script has a ScriptedPeer there. Only the watchdog is wired: a test calls the
+// wiring of what it is about.
 namespace zephon::testing_support {
 
-// The entries of the English language file; "text 0", "text 1", ... without the file.
 inline std::vector<std::string> englishDictionary() {
   std::vector<std::string> entries;
   std::ifstream file(ZEPHON_RESOURCES "/EN.dictionary");
-  for (std::string line; std::getline(file, line);) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    entries.push_back(line);
-  }
-  for (std::size_t key = entries.size(); key <= 270; ++key) entries.push_back("text " + std::to_string(key));
+  for (std::string line; std::getline(file, line);) entries.push_back(line);
   return entries;
 }
 
@@ -50,16 +39,12 @@ class Bench {
   }
   virtual ~Bench() = default;
 
-  // Opens COM1 at the speed of the model line, as a connection does. The port's status: 0 is success.
-  std::int32_t openPort() {
+  // Opens COM1 at the speed of the model line, as a connection does.
+  void openPort() {
     const std::string baud = main.link.modelLine == 1 ? "9600" : "115200";
-    const std::int32_t status =
-        CommOpen(portOf(main), main.link.commPort, "COM" + std::to_string(main.link.commPort),
-                 "baud=" + baud + " parity=N data=8 stop=1");
-    CommSetLine(portOf(main), main.link.commPort, kLineRts, true);
-    CommSetLine(portOf(main), main.link.commPort, kLineDtr, true);
-    main.link.connected = status == 0;
-    return status;
+    const Port port = portOf(main);
+    main.link.connected = CommOpen(port, 1, "COM1", "baud=" + baud + " parity=N data=8 stop=1") == 0;
+    for (const auto pin : {kLineRts, kLineDtr}) CommSetLine(port, 1, pin, true);
   }
 
   // The user is on this page from now on: its flag is set and a new visit begins. Page::None leaves them all.
@@ -96,8 +81,8 @@ class Bench {
   Main main{Surroundings{loop, line, clock, dialogs, Folders{ZEPHON_RESOURCES, "", "", ""}}};
 };
 
-// With the simulated device. The port is open and the link stands as after a connection, without a byte
-// having been sent. The site is quiet: nothing is counted unless the test asks for it.
+// With the simulated device at a quiet site, where nothing is counted unless the test asks for it. The link
+// stands as after a connection, without a byte having been sent.
 class World : public Bench {
  public:
   explicit World(const simulator::Profile& profile = {}, simulator::Options options = quiet())
@@ -119,22 +104,66 @@ class World : public Bench {
     return options;
   }
 
-  // The commands that the device has heard since the start or device.clearLog(), data bytes behind them, and
-  // how often it has heard one.
+  // The commands heard since the start or device.clearLog(), data bytes behind them, and how often one was.
   std::vector<std::string> commands() const {
     std::vector<std::string> all;
     for (const simulator::Heard& one : device.heard()) all.push_back(one.command + one.data);
     return all;
   }
-  std::ptrdiff_t asked(const std::string& command) const {
-    const auto all = commands();
-    return std::count(all.begin(), all.end(), command);
-  }
+  std::ptrdiff_t asked(const std::string& command) const { return std::ranges::count(commands(), command); }
 
   simulator::Conditioner device;
 };
 
-// With a ScriptedPeer, the port open at the speed of the model line.
+// A far end for exact byte cases: whenever a write is exactly a known command it says the reply that was
+// ordered for it, a while later. Everything else is heard in silence. Like a device, it loses what it has not
+// said yet when the line is purged.
+class ScriptedPeer : public LinePeer {
+ public:
+  explicit ScriptedPeer(EventLoop& loop) : loop_(loop) {}
+
+  // Replies to one command queue up; the last one is given again and again. An empty reply is silence.
+  void answer(const std::string& command, std::string reply, double afterMs = 1) {
+    replies_[command].all.push_back({std::move(reply), afterMs});
+  }
+  // Forgets the replies to a command: silence from now on.
+  void silence(const std::string& command) { replies_.erase(command); }
+
+  // The writes heard, one entry each, in order.
+  const std::vector<std::string>& heard() const { return heard_; }
+
+  void hear(std::string_view bytes, int baud) override {
+    heard_.emplace_back(bytes);
+    const auto found = replies_.find(heard_.back());
+    if (found == replies_.end()) return;
+    auto& [all, next] = found->second;
+    const std::size_t given = std::min(next, all.size() - 1);
+    next = given + 1;
+    const Reply reply = all[given];
+    pending_.push_back(loop_.callAt(loop_.now() + fromMillis(reply.afterMs),
+                                    [this, reply, baud] { say(reply.bytes, baud); }));
+  }
+  void linePurged() override {
+    for (const EventLoop::CallId call : pending_) loop_.cancel(call);
+    pending_.clear();
+  }
+
+ private:
+  struct Reply {
+    std::string bytes;
+    double afterMs = 0;
+  };
+  struct Replies {
+    std::vector<Reply> all;
+    std::size_t next = 0;
+  };
+
+  EventLoop& loop_;
+  std::map<std::string, Replies> replies_;
+  std::vector<std::string> heard_;
+  std::vector<EventLoop::CallId> pending_;
+};
+
 class Script : public Bench {
  public:
   explicit Script(std::int16_t modelLine = 0) {

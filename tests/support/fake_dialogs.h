@@ -12,8 +12,7 @@ namespace zephon::testing_support {
 class FakeDialogs : public Dialogs {
  public:
   struct Shown {
-    std::string kind;    // "message", "yesNo", "okCancel", "prompt", "openFile", "saveFile",
-                         // "openInViewer"
+    std::string kind;    // the name of the call
     std::string text;    // the message or question; of the file dialogs the suggested name
     std::string detail;  // advice, subject, title, or the folder where a file dialog starts
   };
@@ -28,7 +27,6 @@ class FakeDialogs : public Dialogs {
   bool hasViewer = true;
 
   const std::vector<Shown>& shown() const { return shown_; }
-  // The texts alone, in order.
   std::vector<std::string> texts() const {
     std::vector<std::string> all;
     for (const Shown& one : shown_) all.push_back(one.text);
@@ -37,38 +35,33 @@ class FakeDialogs : public Dialogs {
   void forget() { shown_.clear(); }
 
   void message(const std::string& text, const std::string& advice) override {
-    show({"message", text, advice});
+    show("message", text, advice, true);
   }
   bool yesNo(const std::string& question, const std::string& subject = {}) override {
-    show({"yesNo", question, subject});
-    return yes;
+    return show("yesNo", question, subject, yes);
   }
   bool okCancel(const std::string& question, const std::string& title) override {
-    show({"okCancel", question, title});
-    return yes;
+    return show("okCancel", question, title, yes);
   }
   std::optional<std::string> prompt(const std::string& title, const std::string& text,
                                     const std::string& /*answer*/) override {
-    show({"prompt", text, title});
-    return promptAnswer;
+    return show("prompt", text, title, promptAnswer);
   }
   std::optional<std::string> openFile(const FileQuestion& question) override {
-    show({"openFile", question.name, question.folder});
-    return openAnswer;
+    return show("openFile", question.name, question.folder, openAnswer);
   }
   std::optional<std::string> saveFile(const FileQuestion& question) override {
-    show({"saveFile", question.name, question.folder});
-    return saveAnswer;
+    return show("saveFile", question.name, question.folder, saveAnswer);
   }
-  bool openInViewer(const std::string& path) override {
-    show({"openInViewer", path, {}});
-    return hasViewer;
-  }
+  bool openInViewer(const std::string& path) override { return show("openInViewer", path, {}, hasViewer); }
 
  private:
-  void show(Shown what) {
-    shown_.push_back(std::move(what));
+  // The answer is the one that stands after `meanwhile`.
+  template <class Answer>
+  Answer show(const char* kind, const std::string& text, const std::string& detail, const Answer& answer) {
+    shown_.push_back({kind, text, detail});
     if (meanwhile) meanwhile();
+    return answer;
   }
 
   std::vector<Shown> shown_;

@@ -30,27 +30,16 @@ inline std::string eventRecord(int code, const CalendarTime& utc, int magnitude)
   return bytesOf({code}) + logDate(utc) + bytesOf({magnitude});
 }
 
-inline std::string low(int number) {
-  return bytesOf({number & 0xFF, number >> 8 & 0xFF});
-}
 inline std::string high(int number, int bytes) {
   std::string text;
   while (bytes-- > 0) text += static_cast<char>(number >> 8 * bytes);
   return text;
 }
 
-struct HalfHour {
-  int maximumCurrent = 0x0180;  // 1.5 A
-  int minimumVolts = 112;
-  int maximumVolts = 125;
-  int voltageSum = 8400;      // 119.47 V
-  int maximumPower = 0xFFFF;  // -4 W
-  int powerSum = 100;         // 728.18 W
-};
-
-inline std::string historyRecord(const CalendarTime& utc, const HalfHour& h = {}) {
-  return logDate(utc) + low(h.maximumCurrent) + bytesOf({h.minimumVolts, h.maximumVolts}) +
-         low(h.voltageSum) + low(h.maximumPower) + low(h.powerSum);
+// 1.5 A and -4 W at most, 112 to 125 V, sums of 8400 for 119.47 V and of 100 for 728.18 W.
+inline const std::string kHalfHour = bytesOf({0x80, 1, 112, 125, 0xD0, 0x20, 0xFF, 0xFF, 100, 0});
+inline std::string historyRecord(const CalendarTime& utc, const std::string& values = kHalfHour) {
+  return logDate(utc) + values;
 }
 
 inline std::string filled(std::string text, std::size_t size) {
@@ -76,25 +65,21 @@ inline std::string chartMark(const std::string& name, const CalendarTime& t) {
 // 120.5 V, 1.5 A, -4 W, 0.25 V, 60 Hz, -0.5, 1.414, 232 kWh.
 inline std::string chartSample(int volts = 120 * 128 + 64) {
   return high(volts, 2) + high(384, 2) + high(0xFFFE, 2) + high(64, 3) + high(125829, 3) +
-         bytesOf({0xBF, 0, 0x01, 106}) + bytesOf({1, 0, 0, 0});
+         bytesOf({0xBF, 0, 0x01, 106, 1, 0, 0, 0});
 }
 
-// Bytes that log decoders have trouble with: records with dates, blank ones, ones of zeros, runs of 0xFF
-// anywhere.
+// Bytes that log decoders have trouble with: dated records, blank ones, ones of zeros, runs of 0xFF anywhere.
 inline std::string troubledRecords(std::mt19937& random, std::size_t recordBytes, std::size_t datePlace,
                                    std::size_t records) {
   std::string data;
   for (std::size_t i = 0; i < records; ++i) {
     std::string record(recordBytes, '\0');
-    for (char& c : record) c = static_cast<char>(random());
-    const auto kind = random() % 8;
-    if (kind > 1) {
-      const CalendarTime t = calendarFromSeconds(3'600'000'000 + random() % 500'000'000);
-      record.replace(datePlace, 6, logDate(t));
-    }
-    if (kind == 0) record.assign(recordBytes, '\xFF');
-    if (kind == 1 && random() % 4 == 0) record.assign(recordBytes, '\0');
-    if (kind == 2) record.replace(datePlace + 6, recordBytes, recordBytes - datePlace - 6, '\xFF');
+    const auto kind = random() % 32;
+    for (char& c : record) c = kind > 0 ? static_cast<char>(random()) : '\0';
+    if (kind > 8)
+      record.replace(datePlace, 6, logDate(calendarFromSeconds(3'600'000'000 + random() % 500'000'000)));
+    if (kind > 0 && kind < 5) record.assign(recordBytes, '\xFF');
+    if (kind > 28) record.replace(datePlace + 6, recordBytes, recordBytes - datePlace - 6, '\xFF');
     data += record;
   }
   return data;

@@ -15,8 +15,6 @@
 #include "platform/posix_serial.h"
 #include "support/temp_folder.h"
 
-extern char** environ;
-
 // The simulator as a program, at the far end of a real pseudo-terminal.
 namespace zephon::testing_support {
 

@@ -31,7 +31,6 @@ class UsbBench {
   std::string latency(const std::string& name) const {
     return tree_.get("bus/usb-serial/devices/" + name + "/latency_timer");
   }
-  // Everybody may look at the tree.
   void openToAll() const { std::filesystem::permissions(tree_ / "", std::filesystem::perms(0755)); }
 
  private:
