@@ -10,7 +10,6 @@
 namespace zephon {
 namespace {
 
-using simulator::Fault;
 using simulator::FaultKind;
 using testing_support::Script;
 using testing_support::World;

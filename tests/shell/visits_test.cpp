@@ -7,7 +7,6 @@
 namespace zephon {
 namespace {
 
-using simulator::FaultKind;
 using simulator::Line;
 using testing_support::Tool;
 
