@@ -46,7 +46,6 @@ TEST_F(MeasurementPage, AClickFoldsTheRecordAndTheEnergyAwayAndBack) {
   m.recSlide.click();
   EXPECT_TRUE(m.POrecTxt.visible() && m.UVrerecTxt.visible() && m.PDlbl6.visible());
   EXPECT_FALSE(m.OLrecTxt.visible() || m.UVcorecTxt.visible() || m.PDlbl5.visible());
-  EXPECT_TRUE(m.clrCountBtn.enabled());
   main.link.modelLine = 0;
   m.EUtxt.click();
   EXPECT_FALSE(m.EnCostLbl.visible() || m.clrEUbtn.visible());

@@ -98,6 +98,7 @@ TEST_P(OutletsPage, ARefusedSwitchIsALostLinkWhereItIsConfirmed) {
   device.addFault({.kind = FaultKind::Refuse, .commands = 1});
   on.click();
   EXPECT_EQ(lost, GetParam() == Line::Orvantis ? 1 : 0);
+  EXPECT_NE(on.onText(), text(27)) << "an armed press counts once";
   EXPECT_EQ(unit().outletLetter(), '1');
 }
 

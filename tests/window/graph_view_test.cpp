@@ -82,7 +82,6 @@ TEST_F(GraphViewTest, GivesTheRoomOfItsReadingsBackToTheNextPicture) {
 TEST_F(GraphViewTest, DrawsThePlotsOnTheirAxes) {
   ASSERT_EQ(canvas().lines(), 2U);
   EXPECT_EQ(y(0), QCPRange(0, 200));
-  EXPECT_LT(y(1).lower, 50);
   EXPECT_GT(y(1).upper, 70);
   EXPECT_EQ(x(), QCPRange(45000, 45004));
   ASSERT_EQ(canvas().line(0).pieces().size(), 1U);
@@ -103,8 +102,6 @@ TEST_F(GraphViewTest, TheViewFollowsUntilItIsMovedAndStandsFromThenOn) {
   graph.grown();
   settle();
   EXPECT_EQ(x().upper, 45005);
-  EXPECT_GT(y(1).upper, 300);
-
   key(Qt::Key_Plus);
   const QCPRange zoomed = x();
   EXPECT_NEAR(zoomed.size(), 4, 1e-6);
@@ -118,6 +115,10 @@ TEST_F(GraphViewTest, TheViewFollowsUntilItIsMovedAndStandsFromThenOn) {
   EXPECT_GT(y(1).upper, 900) << "an axis that was not moved goes on following";
   key(Qt::Key_F);
   EXPECT_EQ(x(), QCPRange(45000, 45006));
+  key(Qt::Key_P);
+  graph.setXRange(std::pair(45000.0, 45009.0));
+  settle();
+  EXPECT_EQ(x(), QCPRange(45000, 45006)) << "paused";
 }
 
 TEST_F(GraphViewTest, TheWheelAndDragMoveWhatThePointerIsOn) {
