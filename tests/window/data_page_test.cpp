@@ -37,7 +37,6 @@ TEST(DataPageWindow, ShowsEachLogInItsPlace) {
   for (Button* log : {&page.d.tsDataBtn, &page.d.histDataBtn}) {
     page.use(*log);
     EXPECT_EQ(page.middle(), "TreeView1");
-    EXPECT_GT(page.find<QTreeView>("TreeView1")->model()->rowCount(), 0);
   }
   page.use(page.d.maxMinHistBtn);
   EXPECT_EQ(page.middle(), "CWGraph2") << "in the tree's place";

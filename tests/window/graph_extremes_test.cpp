@@ -64,7 +64,6 @@ TEST(Points, AreFoundByTheirX) {
     EXPECT_EQ(firstFrom(points, 6, one.x), one.first) << one.x;
     EXPECT_EQ(nearestPoint(points, 6, one.x), one.nearest) << one.x;
   }
-  EXPECT_EQ(nextPoint(points, 6, 1, 1), 3U);
   EXPECT_EQ(nextPoint(points, 6, 0, -1), std::nullopt);
   EXPECT_EQ(nearestPoint(points, 0, 1), std::nullopt);
   points.ys.assign(6, NAN);

@@ -68,7 +68,6 @@ TEST_F(QtDialogsTest, OnlyYesIsYes) {
   EXPECT_TRUE(dialogs_.okCancel("Replace?", "It exists."));
   press(QMessageBox::Cancel);
   EXPECT_FALSE(dialogs_.okCancel("Replace?", "It exists."));
-  EXPECT_EQ(answered_, 4);
 }
 
 TEST_F(QtDialogsTest, APromptGivesItsText) {

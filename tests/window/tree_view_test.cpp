@@ -50,9 +50,7 @@ TEST_F(TreeViewTest, ShowsTheSourceOpenAtItsYears) {
   EXPECT_EQ(text(child({0})), "2013");
   EXPECT_EQ(text(child({0, 3, 29, 47})), "23:30:00 - 00:00:00");
   EXPECT_EQ(text(child({0, 0, 0, 1, 5})), "k87 1 (ARMS)");
-  ASSERT_TRUE(tree().currentIndex() == child({0}));
-  for (const auto key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down}) QTest::keyClick(&tree(), key);
-  EXPECT_EQ(text(tree().currentIndex()), "1");
+  EXPECT_TRUE(tree().currentIndex() == child({0})) << "where the keyboard begins";
   element.clear();
   EXPECT_EQ(tree().model()->rowCount(), 0);
 }
