@@ -10,7 +10,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/file_size_signal.h"
+#include "platform/write_signals.h"
 
 namespace zephon {
 namespace {
@@ -63,7 +63,7 @@ SaveResult AppendFile::hold(const std::string& path, int flags) {
 
 // Written at a place of its own, so that what a failed write left behind is written over.
 SaveResult AppendFile::append(std::string_view bytes) {
-  const FileSizeSignalOff quiet;
+  const WriteSignalsOff quiet;
   const std::uint64_t before = size_;
   while (!bytes.empty()) {
     const ssize_t count = ::pwrite(file_, bytes.data(), bytes.size(), static_cast<off_t>(size_));

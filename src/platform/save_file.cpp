@@ -1,6 +1,7 @@
 #include "platform/save_file.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -14,7 +15,7 @@
 #include <utility>
 
 #include "platform/error_text.h"
-#include "platform/file_size_signal.h"
+#include "platform/write_signals.h"
 
 namespace zephon {
 namespace {
@@ -23,6 +24,7 @@ namespace fs = std::filesystem;
 
 constexpr int kMostLinks = 40;
 constexpr int kMostNames = 100;
+constexpr int kPatienceMs = 2000;  // with a reader that takes nothing out of its pipe
 
 SaveResult failed(SaveStep step) {
   return {step, errno};
@@ -44,10 +46,19 @@ std::string folderOf(const fs::path& path) {
   return path.has_parent_path() ? path.parent_path().string() : ".";
 }
 
+// A full pipe makes room once its reader reads; ETIMEDOUT when that takes too long.
+bool waitForRoom(int file) {
+  pollfd room{file, POLLOUT, 0};
+  const int ready = ::poll(&room, 1, kPatienceMs);
+  if (ready == 0) errno = ETIMEDOUT;
+  return ready > 0 || (ready < 0 && errno == EINTR);
+}
+
 SaveResult writeAll(int file, std::string_view bytes, const FileCalls& calls) {
   while (!bytes.empty()) {
     const ssize_t count = calls.write(file, bytes.data(), bytes.size());
     if (count < 0 && errno == EINTR) continue;
+    if (count < 0 && errno == EAGAIN && waitForRoom(file)) continue;
     if (count == 0) errno = EIO;  // no progress, and no reason given
     if (count <= 0) return failed(SaveStep::Write);
     bytes.remove_prefix(static_cast<std::size_t>(count));
@@ -71,15 +82,6 @@ int createBeside(const std::string& folder, std::string& name, const FileCalls& 
   return -1;
 }
 
-SaveResult syncFolder(const std::string& folder, const FileCalls& calls) {
-  const int file = calls.open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
-  if (file < 0) return failed(SaveStep::SyncFolder);
-  SaveResult result;
-  if (!sync(file, calls)) result = failed(SaveStep::SyncFolder);
-  calls.close(file);
-  return result;
-}
-
 }  // namespace
 
 FileCalls systemFileCalls() {
@@ -92,8 +94,8 @@ FileCalls systemFileCalls() {
 }
 
 std::string saveErrorText(const SaveResult& result) {
-  constexpr const char* kSteps[] = {"",        "looking", "creating", "setting the mode",  "writing",
-                                    "syncing", "closing", "renaming", "syncing the folder"};
+  constexpr const char* kSteps[] = {"",        "looking", "creating",           "setting the mode", "writing",
+                                    "syncing", "closing", "opening the folder", "renaming"};
   if (result) return {};
   return std::string(kSteps[static_cast<int>(result.step)]) + ": " + systemErrorText(result.error);
 }
@@ -112,7 +114,7 @@ SaveResult FileSave::open(const std::string& target) {
   if (exists && S_ISDIR(old.st_mode)) return {SaveStep::Look, EISDIR};
   target_ = target;
   if (exists && !S_ISREG(old.st_mode)) {
-    file_ = calls_.open(target.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY, 0);
+    file_ = calls_.open(target.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY, 0);
     return file_ < 0 ? failed(SaveStep::Create) : SaveResult{};
   }
   if (exists && ::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) return failed(SaveStep::Look);
@@ -127,7 +129,7 @@ SaveResult FileSave::open(const std::string& target) {
 }
 
 SaveResult FileSave::write(std::string_view bytes) {
-  const FileSizeSignalOff quiet;
+  const WriteSignalsOff quiet;
   const SaveResult result = writeAll(file_, bytes, calls_);
   return result ? result : dropped(result);
 }
@@ -138,10 +140,21 @@ SaveResult FileSave::finish() {
   return beside_.empty() ? SaveResult{} : putInPlace();
 }
 
+// The folder is opened first, so that a failure there still leaves the old file. One that may not be read can't
+// be synced. Once the new file has its name it is saved: a failure to sync the folder takes nothing back.
 SaveResult FileSave::putInPlace() {
-  if (calls_.rename(beside_.c_str(), target_.c_str()) != 0) return dropped(failed(SaveStep::Rename));
-  beside_.clear();
-  return syncFolder(folderOf(target_), calls_);
+  const int folder = calls_.open(folderOf(target_).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC, 0);
+  if (folder < 0 && errno != EACCES) return dropped(failed(SaveStep::Folder));
+  SaveResult result;
+  if (calls_.rename(beside_.c_str(), target_.c_str()) == 0)
+    beside_.clear();
+  else
+    result = failed(SaveStep::Rename);
+  if (folder >= 0) {
+    if (result) calls_.fsync(folder);
+    calls_.close(folder);
+  }
+  return result ? result : dropped(result);
 }
 
 SaveResult FileSave::dropped(SaveResult why) {

@@ -23,7 +23,7 @@ struct FileCalls {
 FileCalls systemFileCalls();
 
 // What a save was at when it failed.
-enum class SaveStep { None, Look, Create, Mode, Write, Sync, Close, Rename, SyncFolder };
+enum class SaveStep { None, Look, Create, Mode, Write, Sync, Close, Folder, Rename };
 
 struct SaveResult {
   SaveStep step = SaveStep::None;  // None: all is saved
@@ -36,12 +36,14 @@ std::string saveErrorText(const SaveResult& result);
 
 // A save in pieces, for what is too large to be held whole. The pieces are written to a file beside the
 // target and put on the disk before they take its name. After any failure, and when it is dropped unfinished,
-// the old file stands untouched and nothing else is left behind; only after one of SyncFolder, the last step,
-// the new file stands and might not outlive a power failure. After a failure there is nothing more to call.
+// the old file stands untouched and nothing else is left behind; there is nothing more to call. After a
+// success the new file stands; where its folder can't be put on the disk, a power failure might bring the old
+// one back.
 //
 // A link is followed and stays. The mode of a file that exists is kept, and its owner where the system lets
 // us; one that may not be written is not replaced (EACCES). What is no plain file (a device, a pipe) is
-// written as it stands; a folder is EISDIR.
+// written as it stands: a pipe without a reader is ENXIO, one whose reader takes nothing for two seconds is
+// ETIMEDOUT. A folder is EISDIR.
 class FileSave {
  public:
   explicit FileSave(FileCalls calls = systemFileCalls()) : calls_(std::move(calls)) {}

@@ -1,10 +1,10 @@
 #include "platform/append_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
 #include <cerrno>
 
+#include "support/size_limit.h"
 #include "support/temp_folder.h"
 
 namespace zephon {
@@ -38,13 +38,11 @@ TEST(AppendFile, AFailedAppendLeavesNothingAndCanBeRepeated) {
   AppendFile file;
   ASSERT_TRUE(file.create(folder / "file"));
   ASSERT_TRUE(file.append("before\n"));
-  rlimit before{};
-  ::getrlimit(RLIMIT_FSIZE, &before);
-  const rlimit tenBytes{10, before.rlim_max};
-  ::setrlimit(RLIMIT_FSIZE, &tenBytes);
-  for (int i = 0; i < 2; ++i) EXPECT_EQ(file.append("too long\n").error, EFBIG);
-  ::setrlimit(RLIMIT_FSIZE, &before);
-  EXPECT_EQ(folder.get("file"), "before\n");
+  {
+    const testing_support::SizeLimit limit(10);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(file.append("too long\n").error, EFBIG);
+    EXPECT_EQ(folder.get("file"), "before\n");
+  }
   EXPECT_TRUE(file.append("after\n"));
   EXPECT_EQ(folder.get("file"), "before\nafter\n");
 }

@@ -7,11 +7,12 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
-#include <memory>
 
+#include "support/size_limit.h"
 #include "support/temp_folder.h"
 
 namespace zephon {
@@ -19,53 +20,47 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The system's calls, of which the Nth of one kind fails. A write takes three bytes at most, as a device may;
-// a close that fails has closed.
-FileCalls failing(SaveStep step, int nth, int error) {
-  const auto fails = [=, count = std::make_shared<int>(0)](SaveStep here) {
-    if (here != step || ++*count != nth) return false;
+// The system's calls, of which the Nth fails, or all from the Nth on. A write takes three bytes at most, as a
+// device may; a close that fails has closed.
+FileCalls failing(int nth, int error, bool forGood, int& count) {
+  const auto fails = [=, &count] {
+    if (++count < nth || (count > nth && !forGood)) return false;
     errno = error;
     return true;
   };
-  return {[=](auto... all) { return fails(SaveStep::Create) ? -1 : ::open(all...); },
+  return {[=](auto... all) { return fails() ? -1 : ::open(all...); },
           [=](int file, const void* bytes, std::size_t size) {
-            return fails(SaveStep::Write) ? -1 : ::write(file, bytes, std::min<std::size_t>(size, 3));
+            return fails() ? -1 : ::write(file, bytes, std::min<std::size_t>(size, 3));
           },
-          [=](auto... all) { return fails(SaveStep::Mode) ? -1 : ::fchmod(all...); },
-          [=](int file) { return fails(SaveStep::Sync) ? -1 : ::fsync(file); },
-          [=](int file) { return ::close(file) != 0 || fails(SaveStep::Close) ? -1 : 0; },
-          [=](auto... all) { return fails(SaveStep::Rename) ? -1 : std::rename(all...); }};
+          [=](auto... all) { return fails() ? -1 : ::fchmod(all...); },
+          [=](int file) { return fails() ? -1 : ::fsync(file); },
+          [=](int file) { return ::close(file) != 0 || fails() ? -1 : 0; },
+          [=](auto... all) { return fails() ? -1 : std::rename(all...); }};
 }
 
-int entriesIn(const std::string& folder) {
-  return static_cast<int>(std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
-}
-
-TEST(SaveFile, AnyFailureBeforeTheEndKeepsTheOldFileAlone) {
-  const std::tuple<SaveStep, int, int> cases[] = {{SaveStep::Create, 1, EACCES}, {SaveStep::Mode, 1, EPERM},
-                                                  {SaveStep::Write, 1, ENOSPC},  {SaveStep::Write, 3, ENOSPC},
-                                                  {SaveStep::Sync, 1, EIO},      {SaveStep::Close, 1, EDQUOT},
-                                                  {SaveStep::Rename, 1, EROFS}};
-  for (const auto& [step, nth, error] : cases) {
-    TempFolder folder;
-    folder.put("data.csv", "old");
-    const SaveResult result = saveFile(folder / "data.csv", "new bytes", failing(step, nth, error));
-    EXPECT_TRUE(!result && result.step == step && result.error == error);
-    EXPECT_EQ(folder.get("data.csv"), "old") << saveErrorText(result);
-    EXPECT_EQ(entriesIn(folder / ""), 1) << saveErrorText(result);
-  }
-  EXPECT_EQ(saveErrorText({SaveStep::Write, ENOSPC}), "writing: No space left on device");
-}
-
-TEST(SaveFile, InterruptedAndShortWritesGoOnAndTheFolderIsSynced) {
+// How a save over "old" ends when its Nth call fails: 's' with the whole new file, '-' with the old one, either
+// alone in its folder; nothing when there is no Nth call.
+std::string endOf(int nth, int error, bool forGood) {
   TempFolder folder;
-  EXPECT_TRUE(saveFile(folder / "a", "ten bytes.", failing(SaveStep::Write, 2, EINTR)));
-  EXPECT_EQ(folder.get("a"), "ten bytes.");
-  EXPECT_TRUE(saveFile(folder / "a", "", failing(SaveStep::Sync, 2, EINVAL)));  // cannot be synced
-  EXPECT_EQ(folder.get("a"), "");
-  const SaveResult last = saveFile(folder / "a", "b", failing(SaveStep::Sync, 2, EIO));
-  EXPECT_EQ(last.step, SaveStep::SyncFolder);
-  EXPECT_EQ(folder.get("a"), "b");
+  folder.put("data", "old");
+  int count = 0;
+  const SaveResult result = saveFile(folder / "data", "new bytes", failing(nth, error, forGood, count));
+  EXPECT_EQ(folder.get("data"), result ? "new bytes" : "old") << nth;
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder / ""), fs::directory_iterator()), 1) << nth;
+  EXPECT_TRUE(result || result.error == error) << nth;
+  return count < nth ? "" : result ? "s" : "-";
+}
+
+// Open, mode, three writes, sync, close, open the folder, rename: from there on the new file has its name.
+TEST(SaveFile, IsTheOldFileOrTheWholeNewOneWhicheverCallFails) {
+  for (const bool forGood : {false, true}) {
+    std::string ends;
+    for (int nth = 1; nth < 20; ++nth) ends += endOf(nth, EIO, forGood);
+    EXPECT_EQ(ends, "---------ss");
+  }
+  EXPECT_EQ(endOf(4, EINTR, false), "s");
+  EXPECT_EQ(endOf(6, EINVAL, false), "s") << "a file system that syncs nothing";
+  EXPECT_EQ(endOf(8, EACCES, false), "s") << "a folder that may not be read";
 }
 
 TEST(SaveFile, KeepsModeAndLinkAndTakesTheLongestName) {
@@ -84,6 +79,26 @@ TEST(SaveFile, KeepsModeAndLinkAndTakesTheLongestName) {
   EXPECT_EQ(folder.get("sub/fresh"), "x");
   EXPECT_EQ(saveFile(folder / "circle", "x").error, ELOOP);
   EXPECT_TRUE(saveFile(folder / std::string(255, 'n'), "long"));
+}
+
+TEST(SaveFile, BeyondTheSizeLimitTheOldFileStays) {
+  TempFolder folder;
+  folder.put("data", "old");
+  const testing_support::SizeLimit limit(10);
+  EXPECT_EQ(saveFile(folder / "data", "eleven byte").error, EFBIG);
+  EXPECT_EQ(folder.get("data"), "old");
+}
+
+TEST(SaveFile, APipeIsNotWaitedFor) {
+  TempFolder folder;
+  const std::string pipe = folder / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(saveFile(pipe, "x").error, ENXIO);
+  const int reader = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK);
+  FileSave save;
+  EXPECT_TRUE(save.begin(pipe) && save.write("x"));
+  ::close(reader);
+  EXPECT_EQ(save.write("y").error, EPIPE);
 }
 
 // Saves the one and the other text in turn until it is killed.
