@@ -30,12 +30,15 @@ QStringList filtersOf(const FileQuestion& question) {
   return names;
 }
 
-// The extension of the filter that stands chosen goes on a name that has none.
-void followFilter(QFileDialog& dialog, const FileQuestion& question) {
-  const auto chosen = std::find_if(
-      question.filters.begin(), question.filters.end(),
-      [&](const FileFilter& filter) { return toQt(filter.name) == dialog.selectedNameFilter(); });
-  if (chosen != question.filters.end()) dialog.setDefaultSuffix(toQt(chosen->extension));
+// A name that ends in no filter's extension gets that of the filter that stands chosen. Qt's own way takes
+// anything behind a dot for an extension, the minutes of "14.02.07" too.
+QString withExtension(const QString& path, const QFileDialog& dialog, const FileQuestion& question) {
+  const FileFilter* chosen = nullptr;
+  for (const FileFilter& filter : question.filters) {
+    if (path.endsWith('.' + toQt(filter.extension), Qt::CaseInsensitive)) return path;
+    if (!chosen || toQt(filter.name) == dialog.selectedNameFilter()) chosen = &filter;
+  }
+  return chosen ? path + '.' + toQt(chosen->extension) : path;
 }
 
 }  // namespace
@@ -118,7 +121,8 @@ std::optional<std::string> QtDialogs::runFile(QFileDialog& dialog, const FileQue
   dialog.setDirectory(folder_.isEmpty() ? toQt(question.folder) : folder_);
   if (!question.name.empty()) dialog.selectFile(toQt(question.name));
   if (run(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
-  const QString path = dialog.selectedFiles().constFirst();
+  QString path = dialog.selectedFiles().constFirst();
+  if (dialog.acceptMode() == QFileDialog::AcceptSave) path = withExtension(path, dialog, question);
   folder_ = QFileInfo(path).absolutePath();
   return fromQt(path);
 }
@@ -136,9 +140,6 @@ std::optional<std::string> QtDialogs::saveFile(const FileQuestion& question) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setOption(QFileDialog::DontConfirmOverwrite);
-  const auto follow = [&] { followFilter(dialog, question); };
-  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, follow);
-  if (!question.filters.empty()) dialog.setDefaultSuffix(toQt(question.filters.front().extension));
   return runFile(dialog, question);
 }
 

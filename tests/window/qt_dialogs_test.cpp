@@ -87,13 +87,22 @@ TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheNextBoxItsFolder) 
   answer<QFileDialog>([&](QFileDialog& box) {
     EXPECT_EQ(box.directory(), QDir(first.path()));
     EXPECT_TRUE(box.testOption(QFileDialog::DontConfirmOverwrite)) << "the writer asks";
-    box.selectNameFilter(QStringLiteral("Comma-Separated (*.csv)"));
-    emit box.filterSelected(box.selectedNameFilter());
     box.setDirectory(second.path());
-    box.selectFile(QStringLiteral("Report 1"));
     static_cast<QDialog&>(box).done(QDialog::Accepted);
   });
-  EXPECT_EQ(dialogs_.saveFile(question), second.filePath(QStringLiteral("Report 1.csv")).toStdString());
+  EXPECT_TRUE(dialogs_.saveFile(question));
+  const char* const names[][2] = {{"Report 1", "Report 1.csv"},
+                                  {"Log 05-31-2013 14.02.07", "Log 05-31-2013 14.02.07.csv"},
+                                  {"Log.PDF", "Log.PDF"}};
+  for (const auto& [name, saved] : names) {
+    answer<QFileDialog>([name = name](QFileDialog& box) {
+      box.selectNameFilter(QStringLiteral("Comma-Separated (*.csv)"));
+      box.selectFile(QString::fromLatin1(name));
+      static_cast<QDialog&>(box).done(QDialog::Accepted);
+    });
+    EXPECT_EQ(dialogs_.saveFile(question), second.filePath(QString::fromLatin1(saved)).toStdString());
+  }
+
   answer<QFileDialog>([&](QFileDialog& box) {
     EXPECT_EQ(box.directory(), QDir(second.path())) << "used last";
     box.reject();
