@@ -5,7 +5,7 @@
 namespace zephon {
 
 // A key of the window and what it does. The keys are named as desktops write them in English: "Ctrl+1", "F1".
-// The window binds them and the help page lists them.
+// The window binds them and the help page lists them, both in the names that the desktop has for them.
 struct Shortcut {
   const char* key;
   Word does;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/event_loop.h"
@@ -25,6 +26,8 @@ struct Surroundings {
   const WallClock& clock;
   Dialogs& dialogs;
   Folders folders;
+  // How the desktop names a key such as "Ctrl+1" in the language in use; empty: the keys' own names stand.
+  std::function<std::string(const std::string& key)> keyName = {};
 };
 
 }  // namespace zephon

@@ -33,10 +33,14 @@ std::string numberedLines(const Main& main) {
   return lines;
 }
 
+std::string nameOf(const Main& main, const char* key) {
+  return main.around.keyName ? main.around.keyName(key) : key;
+}
+
 std::string keyLines(const Main& main) {
   std::string lines = wordText(main.dict, words::kKeys) + "\n";
   for (const Shortcut& one : kShortcuts)
-    lines += std::string(one.key) + "  " + wordText(main.dict, one.does) + "\n";
+    lines += nameOf(main, one.key) + "  " + wordText(main.dict, one.does) + "\n";
   return lines + wordText(main.dict, words::kGraph) + ": " + wordText(main.dict, words::kGraphKeys) + "\n";
 }
 

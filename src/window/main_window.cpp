@@ -46,6 +46,7 @@ MainWindow::MainWindow(Main& main, std::function<void()> closing)
     speak(main.dict);
   };
   speakNow();
+  main.around.keyName = keyInWords;
   watchWhile(*this, main.com.langCombo, speakNow);  // each dictionary fills the list anew
   auto* grid = new QGridLayout(this);
   grid->setContentsMargins(0, 0, 0, 0);

@@ -1,6 +1,7 @@
 #include "window/qt_translation.h"
 
 #include <QCoreApplication>
+#include <QKeySequence>
 #include <QLibraryInfo>
 #include <QLocale>
 #include <QPointer>
@@ -18,6 +19,10 @@ void translateQt(const std::string& language) {
   if (catalogue->load(QLocale(toQt(language)), QStringLiteral("qtbase"), QStringLiteral("_"), folder)) {
     QCoreApplication::installTranslator(catalogue);
   }
+}
+
+std::string keyInWords(const std::string& key) {
+  return fromQt(QKeySequence(toQt(key)).toString(QKeySequence::NativeText));
 }
 
 }  // namespace zephon

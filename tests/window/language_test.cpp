@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <map>
 
+#include "shell/help.h"
 #include "window/graph_canvas.h"
 #include "window/meter.h"
 #include "window/state_button.h"
@@ -127,10 +128,13 @@ INSTANTIATE_TEST_SUITE_P(Devices, Languages, testing::ValuesIn(testing_support::
 // Qt's own words come with Qt, where its translations are installed.
 TEST(QtsWords, AreThoseOfTheLanguage) {
   if (!QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + "/qtbase_de.qm")) GTEST_SKIP();
-  for (const auto& [language, cancel] : {std::pair{"DE", "Abbrechen"}, {"EN", "Cancel"}}) {
+  const std::tuple<const char*, const char*, const char*> languages[] = {
+      {"DE", "Abbrechen", "\nStrg+1  Messen\n"}, {"EN", "Cancel", "\nCtrl+1  Measure\n"}};
+  for (const auto& [language, cancel, key] : languages) {
     const ToolWindow tool({}, language);
     const QMessageBox box(QMessageBox::Question, {}, {}, QMessageBox::Cancel);
     EXPECT_EQ(box.button(QMessageBox::Cancel)->text().remove('&'), cancel);
+    EXPECT_NE(helpText(tool.main).find(key), std::string::npos) << "the help names keys as the buttons do";
   }
 }
 
