@@ -20,7 +20,7 @@ inline std::string firstFolder(const Main& main) {
 // Asks before a file that stands is replaced; true when none stands.
 bool mayReplace(Main& main, const std::string& path);
 
-// Tells that a file could not be saved and, where it is known, why.
-void saveErrorSub(Main& main, const std::string& reason = {});
+// Tells that a file could not be saved, and why.
+void saveErrorSub(Main& main, const std::string& reason);
 
 }  // namespace zephon

@@ -6,6 +6,7 @@
 #include "files/dat_file.h"
 #include "files/dictionary_file.h"
 #include "files/event_csv.h"
+#include "files/fault_text.h"
 #include "files/history_csv.h"
 #include "logs/chart_download.h"
 #include "logs/shown_log.h"
@@ -29,7 +30,7 @@ void refuse(Main& main, const std::string& reason) {
 std::optional<std::string> contentOf(Main& main, const std::string& path) {
   FileContent content = readFile(path, kLargestFile);
   if (content) return std::move(content.bytes);
-  refuse(main, content.fault);
+  refuse(main, readFaultText(content, main.dict));
   return {};
 }
 
@@ -51,7 +52,7 @@ void takeIdentity(Main& main, const FileIdentity& identity) {
 template <class Table>
 bool take(Main& main, FileReading<Table>& reading, Table& table) {
   if (!reading) {
-    refuse(main, faultText(*reading.fault));
+    refuse(main, faultText(*reading.fault, main.dict));
     return false;
   }
   table = std::move(reading.table);
@@ -72,7 +73,7 @@ EventsRead readInAnyLanguage(const Main& main, const std::string& content) {
   const std::string& folder = main.around.folders.program;
   for (const std::string& code : languagesIn(folder)) {
     const DictionaryFile other = readDictionary(folder, code);
-    if (!other.fault.empty()) continue;
+    if (!other) continue;
     EventCsvReading reading = readEventCsv(content, other.entries);
     if (reading && reading.unknownEvents == 0) return {std::move(reading), other.entries[kKeyLanguageName]};
   }

@@ -2,6 +2,7 @@
 
 #include "display/file_questions.h"
 #include "display/file_stamp.h"
+#include "files/fault_text.h"
 #include "platform/save_file.h"
 #include "protocol/asking.h"
 #include "protocol/dict_text.h"
@@ -110,7 +111,7 @@ void saveSetupReport(Main& main) {
   if (!path || !stay.stands() || !mayReplace(main, *path) || !stay.stands()) return;
   const ElementsHeld held{&main.frame.saveBtn};
   const SaveResult saved = saveFile(*path, setupReport(stampOf(main), settingsOf(main), main.dict));
-  if (!saved) saveErrorSub(main, saveErrorText(saved));
+  if (!saved) saveErrorSub(main, saveFaultText(saved, main.dict));
 }
 
 }  // namespace zephon

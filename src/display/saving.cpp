@@ -7,6 +7,7 @@
 #include "files/chart_csv.h"
 #include "files/dat_file.h"
 #include "files/event_csv.h"
+#include "files/fault_text.h"
 #include "files/history_csv.h"
 #include "logs/raw_log.h"
 #include "platform/save_file.h"
@@ -156,7 +157,7 @@ void save(Main& main, const Writer& writer) {
   if (isReport(writer, raw, *path)) return saveEventReport(main, *path);
   const std::string bytes = raw ? rawFile(main, writer) : writer.csv(main);
   const SaveResult saved = saveFile(*path, bytes);
-  if (!saved) return saveErrorSub(main, saveErrorText(saved));
+  if (!saved) return saveErrorSub(main, saveFaultText(saved, main.dict));
   if (!raw && isChart(writer)) chartSaved(main);
 }
 

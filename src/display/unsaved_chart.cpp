@@ -3,6 +3,7 @@
 #include "display/chart_table.h"
 #include "display/file_stamp.h"
 #include "files/chart_journal.h"
+#include "files/fault_text.h"
 #include "protocol/dict_text.h"
 
 namespace zephon {
@@ -14,7 +15,8 @@ void keepChartRows(Main& main) {
                                       rows.first(finishedChartRows(main)), main.dict);
   if (kept || journal.failureTold) return;
   journal.failureTold = true;
-  main.frame.noticeLbl.setCaption(filledText(dictText(main, words::kNoJournal), {saveErrorText(kept)}));
+  main.frame.noticeLbl.setCaption(
+      filledText(dictText(main, words::kNoJournal), {saveFaultText(kept, main.dict)}));
 }
 
 void chartSaved(Main& main) {

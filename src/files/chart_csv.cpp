@@ -37,12 +37,12 @@ Layout layoutToWrite(const FileStamp& stamp, FileKind kind) {
   return Layout(kTwoVoltages).first(both ? 2 : 1);
 }
 
-// By the count of column names. A file without them has all quantities, and so has one with more names than
-// quantities, where names of two words were taken apart.
-std::optional<Layout> layoutToRead(std::size_t names) {
-  if (names == 0 || names >= kPlain + kAll.size()) return kAll;
-  if (names <= kPlain || names > kPlain + kTwoVoltages.size()) return {};
-  return Layout(kTwoVoltages).first(names - kPlain);
+// A file of the second line has what its column names name. Any other has all quantities, and so has one with
+// more names than quantities, where names of two words were taken apart. Nothing for names of no chart.
+std::optional<Layout> layoutToRead(const CsvHead& head) {
+  if (!head.identity.secondLine || head.columns >= kPlain + kAll.size()) return kAll;
+  if (head.columns <= kPlain || head.columns > kPlain + kTwoVoltages.size()) return {};
+  return Layout(kTwoVoltages).first(head.columns - kPlain);
 }
 
 // The load's current and power are named in two columns each, "Load" and the quantity, though a row has one
@@ -127,19 +127,19 @@ std::string csvOf(std::string_view head, Layout layout, std::span<const ChartRow
 }
 
 // Takes one row; says what it expected.
-std::string_view takeRow(CsvFields& fields, Layout layout, SerialReader& serials, LogTable<9>& table) {
+std::optional<Expected> takeRow(CsvFields& fields, Layout layout, SerialReader& serials, LogTable<9>& table) {
   fields.trimTo(kPlain + layout.size());
   if (layout.size() == kAll.size()) fields.joinDecimals(kPlain, layout.size());
-  if (fields.count() != kPlain + layout.size()) return "date, time and a value for each column name";
+  if (fields.count() != kPlain + layout.size()) return Expected{words::kChartFields};
   const auto date = dateParts(fields[0]);
-  if (!date) return "a date such as 05/31/2013";
+  if (!date) return Expected{words::kDateLike, "05/31/2013"};
   const auto time = timeParts(fields[1]);
-  if (!time) return "a time such as 14:02:07";
+  if (!time) return Expected{words::kTimeLike, "14:02:07"};
   ChartRow row{};
   row[0] = serials.serial(*date, *time);
   for (std::size_t i = 0; i < layout.size(); ++i) {
     const auto value = fields.number(kPlain + i);
-    if (!value) return "numbers as values";
+    if (!value) return Expected{words::kNumbers};
     row[layout[i].column] = roundQuickly(*value, layout[i].decimals);
   }
   table.push_back(row);
@@ -164,9 +164,9 @@ std::string chartCsv(const FileStamp& stamp, std::span<const ChartRow> rows, Fil
 FileReading<LogTable<9>> readChartCsv(std::string_view file, std::span<const std::string> dict) {
   FileReading<LogTable<9>> reading;
   CsvText text(file);
-  CsvHead head = readCsvHead(text, "Chart", {FileKind::LiveChart, FileKind::InternalChart}, dict);
-  const std::optional<Layout> layout = layoutToRead(head.columns);
-  if (!head.fault && !layout) head.fault = FileFault{text.lineNumber(), {}, "3, 4 or 10 column names"};
+  CsvHead head = readCsvHead(text, {"Chart", true}, {FileKind::LiveChart, FileKind::InternalChart}, dict);
+  const std::optional<Layout> layout = layoutToRead(head);
+  if (!head.fault && !layout) head.fault = FileFault{text.lineNumber(), {}, words::kColumnNames};
   SerialReader serials;
   reading.table.reserve(rowsToExpect(file.size(), kShortestRow));
   readCsvTable(reading, text, head,

@@ -17,8 +17,9 @@ std::string chartCsv(const FileStamp& stamp, std::span<const std::array<double, 
 std::string chartCsvHead(const FileStamp& stamp, FileKind kind, std::span<const std::string> dict);
 std::string chartCsvRows(const FileStamp& stamp, FileKind kind, std::span<const std::array<double, 9>> rows);
 
-// Reads the earlier form as well, whose first line holds "Chart". Which quantities a row has is told by the
-// file's column names; the others are 0. The rating is told from the first row's voltage.
+// Reads the earlier form as well, whose first line holds "Chart". Rows have all quantities but in a file of the
+// second line, where the column names tell which; the others are 0. The rating is told from the first row's
+// voltage.
 FileReading<LogTable<9>> readChartCsv(std::string_view file, std::span<const std::string> dict);
 
 }  // namespace zephon

@@ -12,6 +12,7 @@ namespace zephon {
 namespace {
 
 constexpr std::size_t kIdCharacters = 10;
+constexpr std::size_t kRatingCharacters = 3;
 constexpr std::size_t kHeadLines = 8;
 constexpr std::string_view kIdLabel = "ID: ";
 constexpr int kHighRating = 200;
@@ -35,16 +36,23 @@ std::string_view idOf(std::string_view line, char separator) {
   return lastOf(field, kIdCharacters);
 }
 
+// What stands behind the label; nothing without one.
+std::optional<std::string_view> behindLabel(std::string_view line) {
+  const std::size_t label = line.rfind(": ");
+  if (label == std::string_view::npos) return {};
+  return line.substr(label + 2);
+}
+
 // The last characters of a line, but not those of its label.
 std::string_view valueOf(std::string_view line, std::size_t characters, char separator) {
   line = withoutTail(line, separator);
-  const std::size_t label = line.rfind(": ");
-  if (label != std::string_view::npos) line.remove_prefix(label + 2);
-  return trimmed(lastOf(line, characters));
+  return trimmed(lastOf(behindLabel(line).value_or(line), characters));
 }
 
-FileFault fault(std::size_t line, std::string expected) {
-  return {line, {}, std::move(expected)};
+int ratingOf(std::string_view line, char separator) {
+  line = withoutTail(line, separator);
+  const std::string_view value = behindLabel(line).value_or(lastOf(line, kRatingCharacters));
+  return numberAtStart(value) >= kHighRating ? 240 : 120;
 }
 
 // Names in a line of them; separators at its end are filling.
@@ -66,18 +74,20 @@ bool isOtherKind(std::string_view title, std::initializer_list<FileKind> kinds,
   return std::any_of(kAll.begin(), kAll.end(), isOne);
 }
 
-CsvHead readEarlier(CsvText& text, std::string_view firstLine) {
+bool isEarlier(std::string_view firstLine, const EarlierForm& form) {
+  return !form.word.empty() && firstLine.find(form.word) != std::string_view::npos;
+}
+
+CsvHead readEarlier(CsvText& text, std::string_view firstLine, bool maySkipNames) {
   CsvHead head;
   head.identity = {utf8(firstLine.substr(0, kIdCharacters)), "n.nnn", "FF.FF.FF", 120, false};
-  const std::optional<std::string_view> names = text.next();
-  if (!names) {
-    head.fault = fault(2, "a line of column names");
+  const std::optional<std::string_view> second = text.next();
+  if (!second) {
+    head.fault = FileFault{2, {}, words::kColumnNames};
     return head;
   }
-  head.separator = separatorOf(*names);
-  const bool isRow = dateParts(names->substr(0, names->find(head.separator))).has_value();
-  if (isRow) head.firstRow = names;
-  if (!isRow) head.columns = countNames(*names, head.separator);
+  head.separator = separatorOf(*second);
+  if (maySkipNames && dateParts(second->substr(0, second->find(head.separator)))) head.firstRow = second;
   return head;
 }
 
@@ -88,42 +98,32 @@ void readIdentity(CsvHead& head, const std::array<std::string_view, kHeadLines>&
   identity.userID = utf8(idOf(lines[1], separator));
   identity.firmwareVersion = utf8(valueOf(lines[2], identity.secondLine ? 4 : 5, separator));
   identity.chipID = utf8(valueOf(lines[4], 8, separator));
-  const std::optional<int> volts = wholeNumber(valueOf(lines[5], 3, separator));
-  if (!volts) head.fault = fault(6, "a voltage rating such as 120");
-  identity.nominalVolts = volts.value_or(0) >= kHighRating ? 240 : 120;
+  identity.nominalVolts = ratingOf(lines[5], separator);
 }
 
 }  // namespace
 
-std::string faultText(const FileFault& fault) {
-  std::string place;
-  if (fault.line) place = "line " + std::to_string(*fault.line) + ": ";
-  if (fault.offset) place = "byte " + std::to_string(*fault.offset) + ": ";
-  return place + "expected " + fault.expected;
-}
-
-CsvHead readCsvHead(CsvText& text, std::string_view earlierWord, std::initializer_list<FileKind> kinds,
+CsvHead readCsvHead(CsvText& text, EarlierForm earlier, std::initializer_list<FileKind> kinds,
                     std::span<const std::string> dict) {
   CsvHead head;
   if (text.size() > kLargestFile) {
-    head.fault = FileFault{{}, kLargestFile, "the end of the file"};
+    head.fault = FileFault{{}, kLargestFile, words::kFileEnd};
     return head;
   }
   std::array<std::string_view, kHeadLines> lines;
   for (std::size_t i = 0; i < kHeadLines; ++i) {
     const std::optional<std::string_view> line = text.next();
     if (!line) {
-      head.fault = fault(i + 1, "the eight lines of a file's head");
+      head.fault = FileFault{i + 1, {}, words::kHeadLines};
       return head;
     }
     lines[i] = *line;
-    const bool earlier = i == 0 && !earlierWord.empty() && line->find(earlierWord) != std::string_view::npos;
-    if (earlier) return readEarlier(text, *line);
+    if (i == 0 && isEarlier(*line, earlier)) return readEarlier(text, *line, earlier.maySkipNames);
   }
   head.separator = separatorOf(lines[7]);
   head.columns = countNames(lines[7], head.separator);
   if (isOtherKind(withoutTail(lines[6], head.separator), kinds, dict))
-    head.fault = fault(7, '"' + fileTitle(*kinds.begin(), dict) + '"');
+    head.fault = FileFault{7, {}, words::kTextThere, fileTitle(*kinds.begin(), dict)};
   else
     readIdentity(head, lines);
   return head;

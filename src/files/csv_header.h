@@ -8,22 +8,35 @@
 namespace zephon {
 
 // The head of a .csv file as a reader takes it. Values are the ends of their lines: 10 characters of ID, 5 of
-// firmware version, 8 of chip ID, 3 of rating, or fewer where the line's label ends nearer.
+// firmware version, 8 of chip ID, or fewer where the line's label ends nearer. The rating is the number behind
+// the label: 240 from 200 V on, else 120, and so where none stands.
 
 struct CsvHead {
   FileIdentity identity;
   char separator = ',';
-  std::size_t columns = 0;                   // names in the line of them; 0 without one
+  std::size_t columns = 0;                   // names in line 8; 0 for an earlier form
   std::optional<std::string_view> firstRow;  // a line that was read and is no part of the head
   std::optional<FileFault> fault;
 };
 
-// Takes the head off a file. An earlier form, told by a word in line 1, has its ID at the start of that line
-// and a line of column names, or none. The title of a kind that is none of `kinds` is a fault.
-CsvHead readCsvHead(CsvText& text, std::string_view earlierWord, std::initializer_list<FileKind> kinds,
+// An earlier form of file: its first line holds a word, and begins with the ID. Its second line is one of column
+// names, whatever it holds, or may be the first row already.
+struct EarlierForm {
+  std::string_view word;  // empty: there is no such form
+  bool maySkipNames = false;
+};
+
+// Takes the head off a file. The title of a kind that is none of `kinds` is a fault.
+CsvHead readCsvHead(CsvText& text, EarlierForm earlier, std::initializer_list<FileKind> kinds,
                     std::span<const std::string> dict);
 
-// The rows of a file behind its head. `take` is given each row's fields and says what it expected, empty when
+// What a row should have been.
+struct Expected {
+  Word word;
+  std::string_view filling = {};  // a text that stays
+};
+
+// The rows of a file behind its head. `take` is given each row's fields and says what it expected, nothing when
 // it is content. Blank lines are allowed at the end only.
 template <class Take>
 std::optional<FileFault> readCsvRows(CsvText& text, const CsvHead& head, Take take) {
@@ -35,10 +48,10 @@ std::optional<FileFault> readCsvRows(CsvText& text, const CsvHead& head, Take ta
       if (!blankLine) blankLine = text.lineNumber();
       continue;
     }
-    if (blankLine) return FileFault{blankLine, {}, "a row, not a blank line"};
-    const bool split = fields.split(*line, head.separator);
-    const std::string_view expected = split ? take(fields) : std::string_view("a row of fields");
-    if (!expected.empty()) return FileFault{text.lineNumber(), {}, std::string(expected)};
+    if (blankLine) return FileFault{blankLine, {}, words::kNoBlankLine};
+    if (!fields.split(*line, head.separator)) return FileFault{text.lineNumber(), {}, words::kRowOfFields};
+    if (const std::optional<Expected> expected = take(fields))
+      return FileFault{text.lineNumber(), {}, expected->word, std::string(expected->filling)};
   }
   return {};
 }

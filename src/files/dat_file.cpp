@@ -52,6 +52,10 @@ std::optional<std::string> search(std::string_view header, const Search& what) {
   return fromWindows1252(line.substr(std::min(what.distance, line.size()), what.length));
 }
 
+FileFault fault(std::size_t offset, const Word& expected, std::string_view filling = {}) {
+  return {{}, offset, expected, std::string(filling)};
+}
+
 std::optional<FileFault> takeIdentity(std::string_view header, FileIdentity& identity) {
   const struct {
     const Search& what;
@@ -59,11 +63,11 @@ std::optional<FileFault> takeIdentity(std::string_view header, FileIdentity& ide
   } texts[] = {{kID, identity.userID}, {kChip, identity.chipID}, {kFirmware, identity.firmwareVersion}};
   for (const auto& [what, value] : texts) {
     const auto found = search(header, what);
-    if (!found) return FileFault{{}, 0, '"' + std::string(what.label) + "\" in the header"};
+    if (!found) return fault(0, words::kTextThere, what.label);
     value = *found;
   }
   const std::optional<int> volts = wholeNumber(search(header, kRating).value_or(""));
-  if (volts.value_or(0) <= 0) return FileFault{{}, 0, "\"Voltage Rating:\" and a number in the header"};
+  if (volts.value_or(0) <= 0) return fault(0, words::kNumberBehind, kRating.label);
   identity.nominalVolts = *volts;
   return {};
 }
@@ -78,22 +82,16 @@ std::optional<std::size_t> otherKind(std::string_view header, FileKind kind) {
   return {};
 }
 
-FileFault fault(std::size_t offset, std::string expected) {
-  return {{}, offset, std::move(expected)};
-}
-
 // Splits a file into header and raw bytes, and reads the header.
 std::optional<FileFault> takeApart(std::string_view file, FileKind kind, std::size_t rawBytes,
                                    FileIdentity& identity, std::string_view& raw) {
   const std::size_t tail = rawBytes + kLineEnd.size();
-  if (file.size() < tail) return fault(file.size(), "at least " + std::to_string(tail) + " bytes");
+  if (file.size() < tail) return fault(file.size(), words::kLeastBytes, std::to_string(tail));
   const std::size_t start = file.size() - tail;
-  if (start > kMostHeader) return fault(kMostHeader + tail, "the end of the file");
-  if (!file.ends_with(kLineEnd))
-    return fault(file.size() - kLineEnd.size(), "a line end behind the raw bytes");
+  if (start > kMostHeader) return fault(kMostHeader + tail, words::kFileEnd);
+  if (!file.ends_with(kLineEnd)) return fault(file.size() - kLineEnd.size(), words::kRawLineEnd);
   const std::string_view header = file.substr(0, start);
-  if (const auto other = otherKind(header, kind))
-    return fault(*other, '"' + std::string(kindText(kind)) + '"');
+  if (const auto other = otherKind(header, kind)) return fault(*other, words::kTextThere, kindText(kind));
   raw = file.substr(start, rawBytes);
   return takeIdentity(header, identity);
 }

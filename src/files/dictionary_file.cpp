@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "form/words.h"
 #include "platform/read_file.h"
 #include "text/strings.h"
 #include "text/windows1252.h"
@@ -24,13 +25,9 @@ std::vector<std::string> filesIn(const std::string& folder) {
   return names;
 }
 
-std::string faultOf(const DictionaryFile& file, std::string_view text) {
-  if (text.find('\0') != std::string_view::npos || !isUtf8(text)) return "it is not UTF-8 text";
-  if (file.entries.size() < kLeastEntries) {
-    return "it has " + std::to_string(file.entries.size()) + " lines where " + std::to_string(kLeastEntries) +
-           " are needed";
-  }
-  return {};
+DictionaryFault faultOf(const DictionaryFile& file, std::string_view text) {
+  if (text.find('\0') != std::string_view::npos || !isUtf8(text)) return DictionaryFault::NoText;
+  return file.entries.size() < kLeastEntries ? DictionaryFault::Short : DictionaryFault::None;
 }
 
 }  // namespace
@@ -50,10 +47,25 @@ DictionaryFile parseDictionary(std::string_view text) {
 DictionaryFile readDictionary(const std::string& folder, const std::string& language) {
   const std::string path = folder + "/" + language + std::string(kSuffix);
   const FileContent content = readFile(path, kMostBytes);
-  if (!content) return {{}, path + " is missing or can't be read"};
+  if (!content) return {{}, DictionaryFault::Missing, path};
   DictionaryFile read = parseDictionary(content.bytes);
-  if (!read.fault.empty()) read.fault = path + ": " + read.fault;
+  read.path = path;
   return read;
+}
+
+std::string dictionaryFaultText(const DictionaryFile& file, std::span<const std::string> dict) {
+  switch (file.fault) {
+    case DictionaryFault::None:
+      break;
+    case DictionaryFault::Missing:
+      return filledText(wordText(dict, words::kNoDictionaryFile), {file.path});
+    case DictionaryFault::NoText:
+      return filledText(wordText(dict, words::kNoDictionaryText), {file.path});
+    case DictionaryFault::Short:
+      return filledText(wordText(dict, words::kShortDictionary),
+                        {file.path, std::to_string(file.entries.size()), std::to_string(kLeastEntries)});
+  }
+  return {};
 }
 
 std::vector<std::string> languagesAmong(const std::vector<std::string>& names) {

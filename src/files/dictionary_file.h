@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,15 +11,27 @@ namespace zephon {
 // entry N. There are 271 entries at the least.
 inline constexpr std::size_t kLeastEntries = 271;
 
+enum class DictionaryFault {
+  None,
+  Missing,  // or not to be read
+  NoText,   // it is not UTF-8
+  Short     // it has fewer lines
+};
+
 struct DictionaryFile {
   std::vector<std::string> entries;
-  std::string fault;  // why the text is no dictionary; empty when it is one
+  DictionaryFault fault = DictionaryFault::None;
+  std::string path = {};
+  explicit operator bool() const { return fault == DictionaryFault::None; }
 };
 
 DictionaryFile parseDictionary(std::string_view text);
 
-// The dictionary of a language in a folder; its fault names the file.
+// The dictionary of a language in a folder.
 DictionaryFile readDictionary(const std::string& folder, const std::string& language);
+
+// Why a file is no dictionary, in the language of another one, English without one; empty when it is one.
+std::string dictionaryFaultText(const DictionaryFile& file, std::span<const std::string> dict);
 
 // The codes of the languages among the names of a folder, in the folder's order: what stands before
 // ".dictionary" in each name that holds it, in any case of letters.

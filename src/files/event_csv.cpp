@@ -52,17 +52,18 @@ void putRow(TextBuffer& buffer, const std::array<double, 8>& row, const std::str
 }
 
 // Takes one row; says what it expected.
-std::string_view takeRow(CsvFields& fields, const std::vector<FileText>& texts, EventCsvReading& reading) {
+std::optional<Expected> takeRow(CsvFields& fields, const std::vector<FileText>& texts,
+                                EventCsvReading& reading) {
   fields.trimTo(4);
   fields.joinDecimals(3, 1);
-  if (fields.count() < 3 || fields.count() > 4) return "date, time, event and magnitude";
+  if (fields.count() < 3 || fields.count() > 4) return Expected{words::kEventFields};
   const auto date = dateParts(fields[0]);
-  if (!date) return "a date such as 05/31/13";
+  if (!date) return Expected{words::kDateLike, "05/31/13"};
   const auto time = timeParts(fields[1]);
-  if (!time) return "a time such as 14:02:07";
+  if (!time) return Expected{words::kTimeLike, "14:02:07"};
   std::optional<double> magnitude = 0;
   if (fields.count() == 4 && !fields[3].empty()) magnitude = fields.number(3);
-  if (!magnitude) return "a number as magnitude";
+  if (!magnitude) return Expected{words::kMagnitude};
   const double code = codeOf(fields[2], texts);
   if (code == 0 && !fields[2].empty()) ++reading.unknownEvents;
   const auto& [month, day, year] = *date;

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "files/file_kind.h"
+#include "form/words.h"
 
 namespace zephon {
 
@@ -23,11 +24,9 @@ struct FileIdentity {
 struct FileFault {
   std::optional<std::size_t> line;
   std::optional<std::size_t> offset;
-  std::string expected;
+  Word expected;             // what should have stood there
+  std::string filling = {};  // in the word's place, if it has one
 };
-
-// "line 12: expected a date such as 05/31/13"
-std::string faultText(const FileFault& fault);
 
 // A table out of a file, whole; or the fault, and nothing else.
 template <class Table>

@@ -40,19 +40,19 @@ HistoryRow rowAt(const Parts& date, const Parts& time) {
 }
 
 // Takes one row; says what it expected. `closing` becomes the end of the row's half hour.
-std::string_view takeRow(CsvFields& fields, LogTable<12>& table, HistoryRow& closing) {
+std::optional<Expected> takeRow(CsvFields& fields, LogTable<12>& table, HistoryRow& closing) {
   fields.trimTo(kPlain + kValues);
   fields.joinDecimals(kPlain, kValues);
-  if (fields.count() != kPlain + kValues) return "date, two times and six values";
+  if (fields.count() != kPlain + kValues) return Expected{words::kHistoryFields};
   const auto date = dateParts(fields[0]);
-  if (!date) return "a date such as 05/31/13";
+  if (!date) return Expected{words::kDateLike, "05/31/13"};
   const auto end = timeParts(fields[1]);
   const auto start = timeParts(fields[2]);
-  if (!end || !start) return "two times such as 14:02:07";
+  if (!end || !start) return Expected{words::kTwoTimesLike, "14:02:07"};
   HistoryRow row = rowAt(*date, *start);
   for (std::size_t i = 0; i < kValues; ++i) {
     const auto value = fields.number(kPlain + i);
-    if (!value) return "six numbers as values";
+    if (!value) return Expected{words::kNumbers};
     row[kFirstValue + i] = *value;
   }
   table.push_back(row);
@@ -75,7 +75,7 @@ std::string historyCsv(const FileStamp& stamp, const LogTable<12>& history,
 FileReading<LogTable<12>> readHistoryCsv(std::string_view file, std::span<const std::string> dict) {
   FileReading<LogTable<12>> reading;
   CsvText text(file);
-  const CsvHead head = readCsvHead(text, "Historical", {FileKind::History}, dict);
+  const CsvHead head = readCsvHead(text, {"Historical"}, {FileKind::History}, dict);
   HistoryRow closing{};
   reading.table.reserve(rowsToExpect(file.size(), kShortestRow));
   readCsvTable(reading, text, head, [&](CsvFields& row) { return takeRow(row, reading.table, closing); });

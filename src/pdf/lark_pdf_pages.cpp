@@ -1,6 +1,7 @@
 #include <cmath>
 
 #include "pdf/lark_pdf.h"
+#include "platform/error_text.h"
 #include "text/date_picture.h"
 
 namespace zephon {
@@ -37,7 +38,7 @@ bool LarkPDF::PDFFileName(const std::string& name) {
   fileName_ = placed(name, host_.programFolder);
   const SaveResult result = file_.open(fileName_);
   if (!result)
-    tell("File - ", "Cannot write " + fileName_ + "." + std::string(kCrLf) + saveErrorText(result));
+    tell("File - ", "Cannot write " + fileName_ + "." + std::string(kCrLf) + systemErrorText(result.error));
   return static_cast<bool>(result);
 }
 

@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "pdf/content.h"
+#include "platform/error_text.h"
 
 namespace zephon {
 namespace {
@@ -64,7 +65,7 @@ void ObjectFile::flush() {
 }
 
 void ObjectFile::check(const SaveResult& result) {
-  if (!result) fail(saveErrorText(result));
+  if (!result) fail(systemErrorText(result.error));
 }
 
 void ObjectFile::fail(const std::string& why) {

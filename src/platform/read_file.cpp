@@ -6,17 +6,15 @@
 
 #include <cerrno>
 
-#include "platform/error_text.h"
-
 namespace zephon {
 namespace {
 
-FileContent fault(std::string text) {
-  return {{}, std::move(text)};
+FileContent systemFault() {
+  return {{}, ReadFault::System, errno};
 }
 
 FileContent tooLarge(std::size_t most) {
-  return fault("expected a file of at most " + std::to_string(most) + " bytes");
+  return {{}, ReadFault::TooLarge, 0, most};
 }
 
 // A file that grows while it is read is taken as far as it goes.
@@ -27,7 +25,7 @@ FileContent readAll(int file, std::size_t expected, std::size_t most) {
   for (;;) {
     const ssize_t count = ::read(file, content.bytes.data() + used, content.bytes.size() - used);
     if (count < 0 && errno == EINTR) continue;
-    if (count < 0) return fault(systemErrorText(errno));
+    if (count < 0) return systemFault();
     if (count == 0) break;
     used += static_cast<std::size_t>(count);
     if (used > most) return tooLarge(most);
@@ -41,13 +39,13 @@ FileContent readAll(int file, std::size_t expected, std::size_t most) {
 
 FileContent readFile(const std::string& path, std::size_t mostBytes) {
   const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-  if (file < 0) return fault(systemErrorText(errno));
+  if (file < 0) return systemFault();
   struct stat is {};
   FileContent content;
   if (::fstat(file, &is) != 0) {
-    content = fault(systemErrorText(errno));
+    content = systemFault();
   } else if (!S_ISREG(is.st_mode)) {
-    content = fault("expected a plain file");
+    content.fault = ReadFault::NoPlainFile;
   } else if (static_cast<std::size_t>(is.st_size) > mostBytes) {
     content = tooLarge(mostBytes);
   } else {

@@ -5,12 +5,16 @@
 
 namespace zephon {
 
-// A file's content, or why there is none: the system's words, or those for what is no plain file and for one
-// that is too large. A pipe or a device is not waited for.
+// What keeps a file from being read.
+enum class ReadFault { None, System, NoPlainFile, TooLarge };
+
+// A file's content, or why there is none. A pipe or a device is not waited for.
 struct FileContent {
   std::string bytes;
-  std::string fault;  // empty for a success
-  explicit operator bool() const { return fault.empty(); }
+  ReadFault fault = ReadFault::None;
+  int error = 0;              // System: the system's number for the failure
+  std::size_t mostBytes = 0;  // TooLarge: what is taken at most
+  explicit operator bool() const { return fault == ReadFault::None; }
 };
 
 FileContent readFile(const std::string& path, std::size_t mostBytes);

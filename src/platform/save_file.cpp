@@ -14,7 +14,6 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/error_text.h"
 #include "platform/write_signals.h"
 
 namespace zephon {
@@ -30,10 +29,12 @@ SaveResult failed(SaveStep step) {
   return {step, errno};
 }
 
-// Follows the links of the last name, to what may not exist yet. Nothing if they go in a circle.
+// Follows the links of the last name, to what may not exist yet. Nothing if they go in a circle. The link of an
+// open pipe, as "/dev/stdout" is one, tells no name and stays.
 std::optional<fs::path> targetOf(fs::path path) {
   for (int i = 0; i < kMostLinks; ++i) {
     std::error_code error;
+    if (fs::is_other(path, error)) return path;
     const fs::path next = fs::read_symlink(path, error);
     if (error) return path;
     path = path.parent_path() / next;  // an absolute link takes the place of the whole
@@ -91,13 +92,6 @@ FileCalls systemFileCalls() {
           ::fsync,
           ::close,
           [](const char* from, const char* to) { return std::rename(from, to); }};
-}
-
-std::string saveErrorText(const SaveResult& result) {
-  constexpr const char* kSteps[] = {"",        "looking", "creating",           "setting the mode", "writing",
-                                    "syncing", "closing", "opening the folder", "renaming"};
-  if (result) return {};
-  return std::string(kSteps[static_cast<int>(result.step)]) + ": " + systemErrorText(result.error);
 }
 
 SaveResult FileSave::begin(const std::string& path) {

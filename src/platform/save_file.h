@@ -31,9 +31,6 @@ struct SaveResult {
   explicit operator bool() const { return step == SaveStep::None; }
 };
 
-// In words, such as "writing: No space left on device"; empty for a success.
-std::string saveErrorText(const SaveResult& result);
-
 // A save in pieces, for what is too large to be held whole. The pieces are written to a file beside the
 // target and put on the disk before they take its name. After any failure, and when it is dropped unfinished,
 // the old file stands untouched and nothing else is left behind; there is nothing more to call. After a

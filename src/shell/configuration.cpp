@@ -4,6 +4,7 @@
 
 #include "display/file_questions.h"
 #include "display/link_status.h"
+#include "files/fault_text.h"
 #include "platform/read_file.h"
 #include "platform/save_file.h"
 #include "shell/config_file.h"
@@ -37,7 +38,8 @@ void writeConfiguration(Main& main) {
                         main.config.language};
   std::error_code ignored;  // the save tells when the folder can't be made
   std::filesystem::create_directories(main.around.folders.config, ignored);
-  if (!saveFile(main.around.folders.config + kFileName, formatConfig(file))) saveErrorSub(main);
+  const SaveResult saved = saveFile(main.around.folders.config + kFileName, formatConfig(file));
+  if (!saved) saveErrorSub(main, saveFaultText(saved, main.dict));
 }
 
 void saveComNumber(Main& main) {

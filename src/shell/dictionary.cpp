@@ -42,7 +42,7 @@ void fillFindingTexts(Main& main) {
 
 std::string loadDictionary(Main& main) {
   DictionaryFile read = readDictionary(main.around.folders.program, main.config.language);
-  if (!read.fault.empty()) return read.fault;
+  if (!read) return dictionaryFaultText(read, main.dict);
   main.dict = std::move(read.entries);
   fillLanguageList(main);
   showTexts(main);
@@ -60,7 +60,7 @@ void chooseLanguage(Main& main) {
   if (fault.empty()) return writeConfiguration(main);
   main.config.language = before;
   fillLanguageList(main);
-  tell(main, "Unable to locate or read dictionary file.", fault);
+  tell(main, kLanguageStays, fault);
 }
 
 }  // namespace zephon

@@ -14,8 +14,10 @@ std::string loadDictionary(Main& main);
 // stays when the new one can't be read.
 void chooseLanguage(Main& main);
 
-// The words in which a missing dictionary ends the program.
+// The words in which a missing dictionary ends the program, and those where the old language stays.
 inline constexpr const char* kNoDictionary =
     "Unable to locate or read dictionary file. Please reinstall software. Terminating program.";
+inline constexpr const char* kLanguageStays =
+    "Unable to locate or read dictionary file. Please reinstall software.";
 
 }  // namespace zephon

@@ -4,6 +4,7 @@
 
 #include "display/file_questions.h"
 #include "files/csv_write.h"
+#include "files/fault_text.h"
 #include "logs/event_download.h"
 #include "platform/paths.h"
 #include "platform/read_file.h"
@@ -66,10 +67,10 @@ bool writeExport(Main& main, const ExportCommand& command) {
   const bool appends = command.append && fileExists(command.file);
   FileContent content;
   if (appends) content = oldContent(command.file);
-  if (!content) return failed(main, content.fault);
+  if (!content) return failed(main, readFaultText(content, main.dict));
   content.bytes += exportText(main, command, !appends);
   const SaveResult saved = saveFile(command.file, content.bytes);
-  return saved || failed(main, saveErrorText(saved));
+  return saved || failed(main, saveFaultText(saved, main.dict));
 }
 
 }  // namespace

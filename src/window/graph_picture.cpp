@@ -9,6 +9,7 @@
 #include <QSvgGenerator>
 #include <QTextDocument>
 
+#include "files/fault_text.h"
 #include "platform/save_file.h"
 #include "window/bindings.h"
 #include "window/colours.h"
@@ -100,7 +101,7 @@ void savePicture(QWidget& parent, QCustomPlot& plot, const QString& legend) {
                      const QByteArray bytes = svg(path) ? svgOf(plot, legend) : pngOf(plot, legend);
                      const SaveResult saved =
                          saveFile(fromQt(path), {bytes.constData(), static_cast<std::size_t>(bytes.size())});
-                     if (!saved) report(parent, toQt(saveErrorText(saved)));
+                     if (!saved) report(parent, toQt(saveFaultText(saved, spokenDict())));
                    });
   dialog->open();  // the loop goes on meanwhile, and the program can end
 }

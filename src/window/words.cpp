@@ -32,6 +32,10 @@ QString say(const Word& word) {
   return toQt(wordText(spoken().dict(), word));
 }
 
+const std::vector<std::string>& spokenDict() {
+  return spoken().dict();
+}
+
 void speak(const std::vector<std::string>& dict) {
   spoken().setDict(dict);
 }

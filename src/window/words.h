@@ -16,6 +16,9 @@ namespace zephon {
 // always goes before them.
 QString say(const Word& word);
 
+// The dictionary that they are taken from.
+const std::vector<std::string>& spokenDict();
+
 // From now on the words are those of this dictionary, English where it has none. All that is said through the
 // functions below is said anew.
 void speak(const std::vector<std::string>& dict);

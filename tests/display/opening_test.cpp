@@ -4,6 +4,7 @@
 #include <sys/stat.h>
 
 #include "display/data_world.h"
+#include "files/dictionary_file.h"
 
 namespace zephon {
 namespace {
@@ -55,6 +56,13 @@ TEST_F(Opening, WhatIsNoLogIsRefusedWithItsPlaceAndLeavesNoTable) {
     EXPECT_FALSE(world.d.TreeView1.visible() || world.f.saveBtn.visible());
     EXPECT_TRUE(file.button.enabled() && world.lost == 0);
   }
+}
+
+TEST_F(Opening, TheReasonIsToldInTheLanguageInUse) {
+  world.main.dict = readDictionary(ZEPHON_RESOURCES, "DE").entries;
+  world.unplug();
+  open(world.d.tsDataBtn, world.folder.put("bad.csv", kEventHead + "x,14:02:07,Surge,\r\n"));
+  EXPECT_EQ(world.dialogs.shown().back().detail, "Zeile 9: erwartet wird ein Datum wie 05/31/13");
 }
 
 TEST_F(Opening, EventsAreReadByTheInstalledLanguageThatKnowsThemAll) {

@@ -8,6 +8,7 @@
 #include <filesystem>
 
 #include "files/chart_csv.h"
+#include "files/fault_text.h"
 #include "support/bench.h"
 #include "support/temp_folder.h"
 
@@ -45,7 +46,7 @@ struct Journal : ::testing::Test {
   }
   void expectChart(const std::string& path, std::size_t first, std::size_t end) const {
     const auto reading = readChartCsv(folder.get(fs::path(path).filename().string()), dict);
-    ASSERT_TRUE(reading) << faultText(*reading.fault);
+    ASSERT_TRUE(reading) << faultText(*reading.fault, {});
     ASSERT_EQ(reading.table.size(), end - first);
     for (std::size_t i = first; i < end; ++i)
       EXPECT_EQ(reading.table[i - first][1], 110.25 + static_cast<double>(i));

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "files/fault_text.h"
 #include "logs/event_log.h"
 #include "logs/history_log.h"
 #include "support/bench.h"
@@ -36,14 +37,14 @@ TEST(DatFile, writesItsHeader) {
 TEST(DatFile, readsBackItsLogs) {
   const std::string file = datFile(kStamp, FileKind::Events, events());  // what is read points into it
   const auto read = readEventDat(file, kWest);
-  ASSERT_TRUE(read) << faultText(*read.fault);
+  ASSERT_TRUE(read) << faultText(*read.fault, {});
   EXPECT_EQ(read.table, *decodeEventFrame(events(), 240, kWest));
   EXPECT_EQ(read.raw, events());
   EXPECT_EQ(read.identity, (FileIdentity{"   Zähler", "2.00", "01.A2.FF", 240, false}));
   const std::string frame = historyFrame(historyRecord({2013, 5, 31, 10, 0, 0}), 1);
   const std::string historyFile = datFile(kStamp, FileKind::History, frame);
   const auto history = readHistoryDat(historyFile, kWest);
-  ASSERT_TRUE(history) << faultText(*history.fault);
+  ASSERT_TRUE(history) << faultText(*history.fault, {});
   EXPECT_EQ(history.table, *decodeHistoryFrame(frame, 240, kWest));
   EXPECT_EQ(history.raw, frame);
 }
@@ -54,7 +55,7 @@ TEST(DatFile, searchesEachLabelFromTheStart) {
       "Voltage Rating: 208\r\nChip ID: 12345678\r\nID: 0123456789abc\r\nFirmware Version: 1.KD1x\r\n";
   const std::string file = header + events() + "\r\n";
   const auto read = readEventDat(file, {});
-  ASSERT_TRUE(read) << faultText(*read.fault);
+  ASSERT_TRUE(read) << faultText(*read.fault, {});
   EXPECT_EQ(read.identity, (FileIdentity{"12345678", "1.KD1", "12345678", 208, false}));
   EXPECT_EQ(read.table[0][7], 100 * (208 / 120.0));
 }

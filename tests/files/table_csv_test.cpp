@@ -2,6 +2,7 @@
 
 #include "files/chart_csv.h"
 #include "files/event_csv.h"
+#include "files/fault_text.h"
 #include "files/history_csv.h"
 #include "files/scope_csv.h"
 #include "support/bench.h"
@@ -40,7 +41,7 @@ const std::string kEventRows =
 TEST(EventCsv, writesAndReadsItsFile) {
   EXPECT_EQ(eventCsv(kLab, kEvents, kDict), kEventHead + kEventRows);
   const EventCsvReading reading = readEventCsv(kEventHead + kEventRows, kDict);
-  ASSERT_TRUE(reading) << faultText(*reading.fault);
+  ASSERT_TRUE(reading) << faultText(*reading.fault, kDict);
   EXPECT_EQ(reading.table, kEvents);
   EXPECT_EQ(reading.identity, (FileIdentity{"LAB,ROOM 1", "1.KD1", "01.A2.FF", 240, false}));
   EXPECT_EQ(reading.unknownEvents, 0u);
@@ -66,11 +67,15 @@ TEST(EventCsv, readsWhatOtherProgramsMakeOfIt) {
       replaced(replaced(file, "05/31/13", "5/31/13"), "09:08:07", "9:8:7")};
   for (const std::string& same : sameFiles) {
     const EventCsvReading reading = readEventCsv(same, kDict);
-    ASSERT_TRUE(reading) << faultText(*reading.fault) << '\n' << same;
+    ASSERT_TRUE(reading) << faultText(*reading.fault, kDict) << '\n' << same;
     EXPECT_EQ(reading.table, kEvents) << same;
     EXPECT_EQ(reading.identity.nominalVolts, 240);
   }
   EXPECT_EQ(readEventCsv(filled, kDict).identity.userID, "LAB ROOM 1");
+  for (const auto& [rating, volts] :
+       {std::pair("240.0", 240), {"200", 240}, {"199", 120}, {"120 V", 120}, {"", 120}})
+    EXPECT_EQ(readEventCsv(replaced(file, ": 240", std::string(": ") + rating), kDict).identity.nominalVolts,
+              volts);
 }
 
 TEST(EventCsv, goesRoundInEveryLanguage) {
@@ -91,14 +96,13 @@ TEST(EventCsv, goesRoundInEveryLanguage) {
 TEST(EventCsv, namesTheLineAtFault) {
   const std::pair<std::string, std::size_t> rows[] = {
       {"", 1},
-      {replaced(kEventHead, "240", "high"), 6},
       {replaced(kEventHead, "Time Stamped Log", "Historical Log"), 7},
       {kEventHead + kEventRows + "\r\n" + kEventRows, 13},
       {kEventHead + std::string(100, ',') + "x\r\n", 9}};
   for (const auto& [text, line] : rows) {
     const EventCsvReading reading = readEventCsv(text, kDict);
     ASSERT_TRUE(reading.fault) << text;
-    EXPECT_EQ(reading.fault->line, line) << text << faultText(*reading.fault);
+    EXPECT_EQ(reading.fault->line, line) << text << faultText(*reading.fault, kDict);
     EXPECT_TRUE(reading.table.empty() && reading.identity == FileIdentity());
   }
   for (const char* row :
@@ -108,6 +112,8 @@ TEST(EventCsv, namesTheLineAtFault) {
     const auto fault = readEventCsv(kEventHead + row + "\r\n", kDict).fault;
     EXPECT_TRUE(fault && fault->line == 9u) << row;
   }
+  EXPECT_EQ(faultText(FileFault{{}, 7, words::kTextThere, "ID:"}, kDict),
+            "byte 7: expected the text \"ID:\"");
 }
 
 const std::string kHistoryHead = head("Historical Log",
@@ -123,7 +129,7 @@ const std::string kHistoryRows =
 TEST(HistoryCsv, writesAndReadsItsFile) {
   EXPECT_EQ(historyCsv(kStamp, kHistory, kDict), kHistoryHead + kHistoryRows);
   const auto reading = readHistoryCsv(kHistoryHead + kHistoryRows, kDict);
-  ASSERT_TRUE(reading) << faultText(*reading.fault);
+  ASSERT_TRUE(reading) << faultText(*reading.fault, kDict);
   LogTable<12> expected = kHistory;
   expected.back() = {13, 31, 5, 0, 0, 0};  // a half hour that ends at midnight closes on the day it began
   EXPECT_EQ(reading.table, expected);
@@ -142,14 +148,14 @@ TEST(HistoryCsv, readsEarlierAndForeignForms) {
   const std::string otherHead =
       replaced(kHistoryHead, "ABCDEFGHIJ", "TessaraPCS").substr(0, kHistoryHead.rfind("Date")) + names;
   const std::tuple<std::string, std::size_t, FileIdentity> files[] = {
-      {title + "Date,...\r\n" + replaced(kHistoryRows, "/", "-"), 2, early},
+      {title + "05/31/13,...\r\n" + replaced(kHistoryRows, "/", "-"), 2, early},
       {otherHead + foreign, 2, second},
       {kHistoryHead + torn, 1, own},
       {kHistoryHead + replaced(kHistoryRows, "119.5", "140"), 2, high}};
   for (const auto& [file, rows, identity] : files) {
     SCOPED_TRACE(file);
     const auto reading = readHistoryCsv(file, kDict);
-    ASSERT_TRUE(reading) << faultText(*reading.fault);
+    ASSERT_TRUE(reading) << faultText(*reading.fault, kDict);
     EXPECT_EQ(reading.identity, identity);
     ASSERT_EQ(reading.table.size(), rows + 1);
     EXPECT_TRUE(reading.table[0][6] == 118.25 && reading.table[0][11] == 1.5);
@@ -190,9 +196,10 @@ TEST(ChartCsv, writesAndReadsItsFile) {
   const std::string torn = head("Chart Data", kChartNames) + replaced(rows, ".", ",");
   for (const std::string& same :
        {file, ten, torn, replaced(file, "/2013,", "/13,"), "MYDEVICE12 Chart\r\n" + rows,
+        "MYDEVICE12 Chart\r\n\r\n" + rows, head("Chart Data", "") + rows,
         replaced(file, "05/31/2013,", "05-31-2013,")}) {
     const auto reading = readChartCsv(same, kDict);
-    ASSERT_TRUE(reading) << faultText(*reading.fault) << same;
+    ASSERT_TRUE(reading) << faultText(*reading.fault, kDict) << same;
     ASSERT_EQ(reading.table.size(), 2u);
     EXPECT_EQ(reading.table[0], expected[0]) << same;
     EXPECT_NEAR(reading.table[1][0], expected[1][0], 1e-9);
@@ -212,14 +219,18 @@ TEST(ChartCsv, carriesLessOfTheSecondLine) {
     const std::string file = chartCsv(stamp, kChart, FileKind::LiveChart, kDict);
     EXPECT_EQ(file.substr(file.find("Date,")), rows);
     const auto reading = readChartCsv(file, kDict);
-    ASSERT_TRUE(reading) << faultText(*reading.fault);
+    ASSERT_TRUE(reading) << faultText(*reading.fault, kDict);
     const std::array<double, 9> second = {reading.table[1][0], 120, 0, 0, neutralVolts};
     EXPECT_EQ(reading.table[1], second) << firmware;
     EXPECT_TRUE(reading.identity.secondLine && reading.identity.firmwareVersion == firmware);
     EXPECT_NE(chartCsv(stamp, kChart, FileKind::InternalChart, kDict).find(kChartNames), std::string::npos);
   }
-  const auto torn = readChartCsv(head("Chart Data", "Date,Time,Line Voltage") + date + "120,5\r\n", kDict);
-  EXPECT_TRUE(torn.fault && torn.fault->line == 9u);
+  const std::pair<std::string, std::size_t> torn[] = {{"Date,Time,Line Voltage", 9}, {"Date,Time", 8}};
+  for (const auto& [names, line] : torn) {
+    const auto fault =
+        readChartCsv(head("Chart Data", names, "TessaraPCS") + date + "120,5\r\n", kDict).fault;
+    EXPECT_TRUE(fault && fault->line == line);
+  }
 }
 
 TEST(ScopeCsv, writesARowASample) {

@@ -7,6 +7,7 @@
 #include "files/dat_file.h"
 #include "files/dictionary_file.h"
 #include "files/event_csv.h"
+#include "files/fault_text.h"
 #include "files/history_csv.h"
 #include "logs/chart_memory.h"
 #include "logs/event_log.h"
@@ -157,7 +158,7 @@ inline void scopeTarget(std::string_view bytes) {
 inline void dictionaryTarget(std::string_view bytes) {
   for (const std::string& file : {std::string(bytes), std::string(280, '\n') + std::string(bytes)}) {
     const DictionaryFile read = parseDictionary(file);
-    require(!read.fault.empty() || read.entries.size() >= kLeastEntries, "a dictionary, or why it is none");
+    require(!read || read.entries.size() >= kLeastEntries, "a dictionary, or why it is none");
   }
 }
 
@@ -171,7 +172,7 @@ void bothWays(std::string_view bytes, const std::string& head, Read read) {
 template <class Reading>
 bool wholeOrNothing(const Reading& reading) {
   require(reading || reading.table.empty(), "no half table");
-  require(reading || !faultText(*reading.fault).empty(), "a fault that says what it is");
+  require(reading || !faultText(*reading.fault, dictionary()).empty(), "a fault that says what it is");
   return static_cast<bool>(reading);
 }
 

@@ -171,7 +171,7 @@ TEST(PdfDocument, failuresLeaveTheOldFile) {
   world.folder.put("a.pdf", "old");
   EXPECT_FALSE(world.pdf.PDFBeginDoc());
   EXPECT_FALSE(world.pdf.PDFFileName("none/a.pdf"));
-  EXPECT_EQ(world.messages.back().second, "Cannot write none/a.pdf.\r\ncreating: No such file or directory");
+  EXPECT_EQ(world.messages.back().second, "Cannot write none/a.pdf.\r\nNo such file or directory");
   EXPECT_FALSE(world.pdf.PDFEndDoc());
   world.pdf.PDFTextOut("nowhere", 1, 1);
   world.pdf.PDFNewPage();
@@ -184,7 +184,7 @@ TEST(PdfDocument, failuresLeaveTheOldFile) {
   EXPECT_TRUE(full.pdf.PDFFileName("/dev/full"));
   full.pdf.PDFBeginDoc();
   EXPECT_FALSE(full.pdf.PDFEndDoc());
-  EXPECT_EQ(full.messages.back().second, "Cannot write /dev/full.\r\nwriting: No space left on device");
+  EXPECT_EQ(full.messages.back().second, "Cannot write /dev/full.\r\nNo space left on device");
   EXPECT_EQ(world.folder.get("a.pdf"), "old");
   EXPECT_EQ(std::distance(std::filesystem::directory_iterator(world.folder / ""), {}), 1);
 }

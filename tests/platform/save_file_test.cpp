@@ -99,6 +99,10 @@ TEST(SaveFile, APipeIsNotWaitedFor) {
   EXPECT_TRUE(save.begin(pipe) && save.write("x"));
   ::close(reader);
   EXPECT_EQ(save.write("y").error, EPIPE);
+  int ends[2];
+  ASSERT_EQ(::pipe(ends), 0);
+  EXPECT_TRUE(saveFile("/proc/self/fd/" + std::to_string(ends[1]), "x")) << "as /dev/stdout";
+  for (const int end : ends) ::close(end);
 }
 
 // Saves the one and the other text in turn until it is killed.

@@ -22,16 +22,16 @@ std::string numbered(std::size_t lines, const std::string& word) {
 }
 
 TEST(DictionaryFile, LineNumberIsTheKey) {
-  const std::tuple<std::string, std::size_t, const char*> cases[] = {
-      {numbered(300, "w"), 300, ""},
-      {"\xEF\xBB\xBF" + numbered(271, "w"), 271, ""},
-      {numbered(270, "w"), 270, "it has 270 lines where 271 are needed"},
-      {numbered(271, "w\xFF"), 271, "it is not UTF-8 text"}};
+  const std::tuple<std::string, std::size_t, DictionaryFault> cases[] = {
+      {numbered(300, "w"), 300, DictionaryFault::None},
+      {"\xEF\xBB\xBF" + numbered(271, "w"), 271, DictionaryFault::None},
+      {numbered(270, "w"), 270, DictionaryFault::Short},
+      {numbered(271, "w\xFF"), 271, DictionaryFault::NoText}};
   for (const auto& [text, entries, fault] : cases) {
     const DictionaryFile file = parseDictionary(text);
     EXPECT_EQ(file.entries.size(), entries);
     EXPECT_EQ(file.fault, fault);
-    EXPECT_TRUE(!file.fault.empty() || file.entries[0] + file.entries[270] == "w 0w 270");
+    EXPECT_TRUE(!file || file.entries[0] + file.entries[270] == "w 0w 270");
   }
   EXPECT_EQ(parseDictionary("a\r\nb\r\n").entries, (std::vector<std::string>{"a", "b"}));
 }
@@ -43,7 +43,7 @@ constexpr std::size_t kColumnKeys[] = {55,  56,  57,  58,  82,  83,  129, 130, 1
 
 std::vector<std::string> entriesOf(const std::string& language) {
   DictionaryFile file = readDictionary(ZEPHON_RESOURCES, language);
-  EXPECT_EQ(file.fault, "");
+  EXPECT_TRUE(file);
   return file.entries;
 }
 

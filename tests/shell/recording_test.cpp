@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "files/chart_csv.h"
+#include "files/fault_text.h"
 #include "protocol/day_serial.h"
 #include "shell/tool.h"
 
@@ -143,7 +144,7 @@ TEST_P(LiveChart, RecordsTwoHoursRowByRowThroughOutagesAndALostLink) {
   tool.dialogs.saveAnswer = tool.settings / "chart.csv";
   tool.press(tool.main.frame.saveBtn);
   const auto saved = readChartCsv(tool.settings.get("chart.csv"), tool.main.dict);
-  ASSERT_TRUE(saved) << faultText(*saved.fault);
+  ASSERT_TRUE(saved) << faultText(*saved.fault, {});
   ASSERT_EQ(saved.table.size(), hours.finished());
   for (std::size_t i = 0; i < saved.table.size(); ++i)
     EXPECT_NEAR(saved.table[i][1], tool.main.logs.chartData[i][1], 0.006);
@@ -189,7 +190,7 @@ TEST(UnsavedChart, CanBeSavedWhenTheLinkIsGone) {
   };
   tool.press(f.saveBtn);
   const auto saved = readChartCsv(tool.settings.get("chart.csv"), tool.main.dict);
-  ASSERT_TRUE(saved) << faultText(*saved.fault);
+  ASSERT_TRUE(saved) << faultText(*saved.fault, {});
   EXPECT_TRUE(saved.table.size() + 1 == tool.main.logs.chartData.size() && f.expertBtn.visible());
   tool.device.clearFaults();
   for (int i = 0; i < 2; ++i) tool.press(f.setupBtn);  // another page, and back
