@@ -108,11 +108,14 @@ const Writer* writerOf(Saved what) {
   return nullptr;
 }
 
-bool wantsRaw(const Main& main, const Writer& writer) {
+bool wantsRaw(const Main& main) {
+  return main.frame.saveBtn.caption() == kRaw;
+}
+
+bool hasRaw(const Main& main, const Writer& writer) {
   // The second line's events come out of its memory image, which is no log's raw form.
   const bool imaged = writer.kind == FileKind::Events && main.link.modelLine == 1;
-  return writer.hasRawForm && !imaged && main.frame.saveBtn.caption() == kRaw &&
-         !main.logs.rawLogBuffer.empty();
+  return writer.hasRawForm && !imaged && !main.logs.rawLogBuffer.empty();
 }
 
 std::string rawFile(const Main& main, const Writer& writer) {
@@ -150,7 +153,9 @@ bool canGoOn(const Main& main, const Stay& stay, const Writer& writer) {
 
 void save(Main& main, const Writer& writer) {
   const Stay stay(main);
-  const bool raw = wantsRaw(main, writer);
+  const bool raw = wantsRaw(main) && hasRaw(main, writer);
+  if (wantsRaw(main) && !raw) main.around.dialogs.message(dictText(main, words::kNoRawBytes));
+  if (!canGoOn(main, stay, writer)) return;
   const auto path = askForName(main, writer, filtersOf(writer, raw));
   if (!path || !canGoOn(main, stay, writer)) return;
   if (!mayReplace(main, *path) || !canGoOn(main, stay, writer)) return;
@@ -165,7 +170,7 @@ void toggleRaw(Main& main) {
   Button& button = main.frame.saveBtn;
   const bool raw = button.caption() != kRaw;
   button.setTexts(raw ? kRaw : "");
-  button.setTooltip(dictText(main, kKeySave) + (raw ? std::string(" ") + kRaw : ""));
+  showSaveTooltip(main);
 }
 
 }  // namespace
@@ -181,6 +186,10 @@ Saved whatToSave(const Main& main) {
   if (main.data.histDataBtn.visible()) return byRawBytes(logs);
   if (main.data.tsDataBtn.visible() && main.link.modelLine == 1) return Saved::Events;
   return main.pages.measuring || main.pages.setupOn ? Saved::Report : Saved::Nothing;
+}
+
+void showSaveTooltip(Main& main) {
+  main.frame.saveBtn.setTooltip(dictText(main, kKeySave) + (wantsRaw(main) ? std::string(" ") + kRaw : ""));
 }
 
 void wireSaving(Main& main) {

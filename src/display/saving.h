@@ -21,4 +21,7 @@ Saved whatToSave(const Main& main);
 // leaves the old one, and tells the user what failed.
 void wireSaving(Main& main);
 
+// saveBtn's tooltip, which tells the raw form as the caption does, in the language in use.
+void showSaveTooltip(Main& main);
+
 }  // namespace zephon

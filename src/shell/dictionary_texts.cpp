@@ -1,5 +1,6 @@
 #include "shell/dictionary_texts.h"
 
+#include "display/saving.h"
 #include "protocol/dict_text.h"
 
 namespace zephon {
@@ -80,55 +81,22 @@ void tooltips(Main& main) {
     Element& element;
     std::size_t key;
   } rows[] = {
-      {s.setTimeBtn, 34},
-      {m.SGrecTxt, 59},
-      {m.OVcorecTxt, 60},
-      {m.OVrerecTxt, 61},
-      {m.UVrerecTxt, 62},
-      {m.UVcorecTxt, 63},
-      {m.POrecTxt, 64},
-      {s.enableAutoTXbtn, 95},
-      {s.startInternalCMbtn, 99},
-      {f.measBtn, 120},
-      {f.ScopeBtn, 121},
-      {f.ChartBtn, 122},
-      {f.outletsBtn, 123},
-      {f.dataBtn, 124},
-      {f.setupBtn, 125},
-      {f.comBtn, 126},
-      {m.pfLbl, 129},
-      {m.pfSlide, 129},
-      {m.cfLbl, 130},
-      {m.cfSlide, 130},
-      {m.Plbl, 141},
-      {m.PSlide, 141},
-      {f.expertBtn, 166},
-      {s.enableGndBtn, 170},
-      {m.clrCountBtn, 174},
-      {m.clrEUbtn, 175},
-      {c.comNumEdit, 177},
-      {c.configComBtn, 178},
-      {c.detectComBtn, 179},
-      {m.EnRateTxt, 180},
-      {f.helpBtn, 181},
-      {s.OLreNumEdit, 183},
-      {s.OVcoNumEdit, 185},
-      {s.OVreNumEdit, 186},
-      {s.OVrsNumEdit, 187},
-      {f.saveBtn, 189},
-      {c.saveComBtn, 190},
-      {s.setTimeAutoBtn, 191},
-      {s.UVcoNumEdit, 192},
-      {s.UVreNumEdit, 193},
-      {s.UVrsNumEdit, 194},
-      {m.VlnLbl, 196},
-      {m.VlnSlide, 196},
-      {m.VngLbl, 198},
-      {m.VngSlide, 198},
-      {m.fLbl, 202},
-      {m.fSlide, 202},
-      {s.enableOLcoBtn, 207},
-      {s.enablePowerFailHoldBtn, 211},
+      {s.setTimeBtn, 34},      {m.SGrecTxt, 59},        {m.OVcorecTxt, 60},
+      {m.OVrerecTxt, 61},      {m.UVrerecTxt, 62},      {m.UVcorecTxt, 63},
+      {m.POrecTxt, 64},        {s.enableAutoTXbtn, 95}, {s.startInternalCMbtn, 99},
+      {f.measBtn, 120},        {f.ScopeBtn, 121},       {f.ChartBtn, 122},
+      {f.outletsBtn, 123},     {f.dataBtn, 124},        {f.setupBtn, 125},
+      {f.comBtn, 126},         {m.pfLbl, 129},          {m.pfSlide, 129},
+      {m.cfLbl, 130},          {m.cfSlide, 130},        {m.Plbl, 141},
+      {m.PSlide, 141},         {f.expertBtn, 166},      {s.enableGndBtn, 170},
+      {m.clrCountBtn, 174},    {m.clrEUbtn, 175},       {c.comNumEdit, 177},
+      {c.configComBtn, 178},   {c.detectComBtn, 179},   {m.EnRateTxt, 180},
+      {f.helpBtn, 181},        {s.OLreNumEdit, 183},    {s.OVcoNumEdit, 185},
+      {s.OVreNumEdit, 186},    {s.OVrsNumEdit, 187},    {c.saveComBtn, 190},
+      {s.setTimeAutoBtn, 191}, {s.UVcoNumEdit, 192},    {s.UVreNumEdit, 193},
+      {s.UVrsNumEdit, 194},    {m.VlnLbl, 196},         {m.VlnSlide, 196},
+      {m.VngLbl, 198},         {m.VngSlide, 198},       {m.fLbl, 202},
+      {m.fSlide, 202},         {s.enableOLcoBtn, 207},  {s.enablePowerFailHoldBtn, 211},
   };
   for (const auto& row : rows) row.element.setTooltip(dictText(main, row.key));
 }
@@ -143,6 +111,7 @@ void composites(Main& main) {
   m.ISlide.setTooltip(text(140) + " RMS " + text(143));
   m.OLrecTxt.setTooltip(text(140) + " " + text(65));
   m.EUtxt.setTooltip(text(131) + " (kWh)");
+  showSaveTooltip(main);
   const std::string clear = dictText(main, words::kClearLog);
   main.data.clrTsDataBtn.setTooltip(filledText(clear, {text(176), text(145)}));
   main.data.clrHistDataBtn.setTooltip(filledText(clear, {text(176), text(147)}));

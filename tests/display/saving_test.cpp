@@ -5,6 +5,7 @@
 #include "display/data_world.h"
 #include "display/report_saving.h"
 #include "expert/expert_button.h"
+#include "form/words.h"
 
 namespace zephon {
 namespace {
@@ -76,6 +77,11 @@ TEST_F(Saving, OffersNameFolderAndFormAsksAndTellsWhatFailed) {
   const std::string name = "PCS Time Stamped Log 03-05-2024 09.30.01.";
   EXPECT_EQ(dialogs.texts(), (std::vector<std::string>{name + "pdf", name + "dat"}));
   EXPECT_EQ(dialogs.shown()[0].detail, "/desktop");
+  main.logs.rawLogBuffer.clear();  // as of a log that was read from a .csv file
+  f.saveBtn.click(MouseButton::Right);
+  f.saveBtn.click();
+  f.saveBtn.click(MouseButton::Right);
+  EXPECT_EQ(dialogs.shown()[2].text + dialogs.shown()[3].text, words::kNoRawBytes.english + name + "pdf");
   dialogs.saveAnswer = folder.put("old.csv", "old");
   dialogs.yes = false;
   f.saveBtn.click();

@@ -132,7 +132,9 @@ TEST(Languages, AChoiceShowsAtOnceAndIsKeptAndABrokenOneLeavesTheOldOne) {
   Combo& list = tool.main.com.langCombo;
   EXPECT_EQ(list.items(), (std::vector<std::string>{"DE", "EN", "XX"}));
   EXPECT_EQ(list.text(), "EN");
+  tool.main.frame.saveBtn.setTexts("Raw");
   list.choose(0);
+  EXPECT_EQ(tool.main.frame.saveBtn.tooltip(), "Wort 189 Raw");
   EXPECT_EQ(tool.main.measurement.Ilbl.tooltip(), "Wort 140 RMS Wort 143");
   EXPECT_EQ(tool.main.findings.findingTexts[55], "Wort 270");
   EXPECT_NE(tool.settings.get("config.txt").find("DE\t;Language"), std::string::npos);
