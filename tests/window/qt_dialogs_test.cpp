@@ -91,12 +91,13 @@ TEST_F(QtDialogsTest, ASavedNameTakesTheFiltersExtensionAndTheNextBoxItsFolder) 
     static_cast<QDialog&>(box).done(QDialog::Accepted);
   });
   EXPECT_TRUE(dialogs_.saveFile(question));
-  const char* const names[][2] = {{"Report 1", "Report 1.csv"},
-                                  {"Log 05-31-2013 14.02.07", "Log 05-31-2013 14.02.07.csv"},
-                                  {"Log.PDF", "Log.PDF"}};
-  for (const auto& [name, saved] : names) {
-    answer<QFileDialog>([](QFileDialog& box) {
-      box.selectNameFilter(QStringLiteral("Comma-Separated (*.csv)"));
+  const std::tuple<const char*, bool, const char*> names[] = {
+      {"Report 1", true, "Report 1.csv"},
+      {"Log 05-31-2013 14.02.07", false, "Log 05-31-2013 14.02.07.pdf"},
+      {"Log.csv", false, "Log.csv"}};
+  for (const auto& [name, asCsv, saved] : names) {
+    answer<QFileDialog>([csv = asCsv](QFileDialog& box) {
+      if (csv) box.selectNameFilter(QStringLiteral("Comma-Separated (*.csv)"));
       static_cast<QDialog&>(box).done(QDialog::Accepted);
     });
     EXPECT_EQ(dialogs_.saveFile({{}, name, question.filters}),
