@@ -16,8 +16,12 @@ void Results::add(const Ratio& row) {
   const double ratio = row.measured / row.against;
   const bool pass = ratio <= row.limit;
   missed_ = missed_ || !pass;
-  std::printf("%-52s %10.3f %10.3f %-4s %7.3f %6.2f  %s\n", row.what.c_str(), row.measured, row.against,
-              row.unit.c_str(), ratio, row.limit, pass ? "pass" : "MISS");
+  std::printf("%-52s %10.3f %10.3f %-4s %7.3f", row.what.c_str(), row.measured, row.against, row.unit.c_str(),
+              ratio);
+  if (row.limit == kNoLimit)
+    std::puts("");
+  else
+    std::printf(" %6.2f  %s\n", row.limit, pass ? "pass" : "MISS");
   std::fflush(stdout);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,9 @@ namespace zephon::benchmarks {
 
 // The middle one of the values, in their order of size; of an even count the upper one. 0 of none.
 double median(std::vector<double> values);
+
+// Of a figure that is only told.
+inline constexpr double kNoLimit = std::numeric_limits<double>::infinity();
 
 // A row of the table.
 struct Ratio {

@@ -10,10 +10,10 @@ namespace {
 
 // A byte as it stands in a string.
 char* putEscaped(char* to, char c) {
-  const std::string_view before = c == '(' || c == ')' ? "\\" : c == '\\' ? "\\\\\\" : "";
-  to = std::copy(before.begin(), before.end(), to);
-  *to = c;
-  return to + 1;
+  const int before = c == '(' || c == ')' ? 1 : c == '\\' ? 3 : 0;
+  for (int i = 0; i < before; ++i) *to++ = '\\';
+  *to++ = c;
+  return to;
 }
 
 std::string largeNumber(double value, int decimals) {
@@ -34,15 +34,16 @@ Content& Content::fixed(double value, int decimals) {
 Content& Content::quoted(std::string_view bytes) {
   char* to = buffer_.room(4 * bytes.size() + 2);
   *to++ = '(';
-  while (!bytes.empty()) {
-    const std::size_t count = std::min(bytes.size(), byte_words::kSize);
-    if (count == byte_words::kSize && !byte_words::needsEscape(byte_words::at(bytes.data()))) {
-      to = std::copy_n(bytes.data(), byte_words::kSize, to);
-    } else {
-      for (const char c : bytes.substr(0, count)) to = putEscaped(to, c);
-    }
-    bytes.remove_prefix(count);
+  while (bytes.size() >= byte_words::kSize) {
+    std::copy_n(bytes.data(), byte_words::kSize, to);
+    const std::size_t plain = byte_words::plainBytes(byte_words::at(bytes.data()));
+    to += plain;
+    bytes.remove_prefix(plain);
+    if (plain == byte_words::kSize) continue;
+    to = putEscaped(to, bytes.front());
+    bytes.remove_prefix(1);
   }
+  for (const char c : bytes) to = putEscaped(to, c);
   *to++ = ')';
   buffer_.wrote(to);
   return *this;

@@ -1,5 +1,6 @@
 #include "pdf/font_metrics.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <optional>
@@ -31,8 +32,10 @@ std::string_view nextLine(std::string_view& rest) {
   return line;
 }
 
-bool holds(std::string_view line, std::string_view what) {
-  return line.find(what) != std::string_view::npos;
+// Where the line begins that ends the character lines, or has the first character without a code.
+std::size_t endOfWidths(std::string_view text) {
+  const std::size_t end = std::min(text.find("EndCharMetrics"), text.find("-1 ;"));
+  return end == std::string_view::npos ? end : text.rfind('\n', end) + 1;
 }
 
 // The character lines, and the span of the codes that they give.
@@ -77,30 +80,20 @@ FontMetrics parseFontMetrics(std::string_view file) {
   FontMetrics metrics;
   while (!file.empty()) {
     const std::string_view line = nextLine(file);
-    if (holds(line, "StartCharMetrics")) break;
+    if (line.find("StartCharMetrics") != std::string_view::npos) break;
     readUnderline(metrics, line);
   }
+  file = file.substr(0, endOfWidths(file));
   WidthReader widths(metrics);
-  while (!file.empty()) {
-    const std::string_view line = nextLine(file);
-    if (holds(line, "EndCharMetrics") || holds(line, "-1 ;")) break;
-    widths.line(line);
-  }
+  while (!file.empty()) widths.line(nextLine(file));
   widths.finish();
   return metrics;
 }
 
 double stringWidth(const FontMetrics& metrics, std::string_view bytes, double size) {
-  const auto width = [&](char c) { return metrics.widths[static_cast<unsigned char>(c)]; };
-  // Two sums do not wait for each other.
-  std::int64_t even = 0;
-  std::int64_t odd = 0;
-  for (; bytes.size() >= 2; bytes.remove_prefix(2)) {
-    even += width(bytes[0]);
-    odd += width(bytes[1]);
-  }
-  if (!bytes.empty()) even += width(bytes[0]);
-  return size * static_cast<double>(even + odd) / 1000;
+  std::int64_t sum = 0;
+  for (const char c : bytes) sum += metrics.widths[static_cast<unsigned char>(c)];
+  return size * static_cast<double>(sum) / 1000;
 }
 
 }  // namespace zephon

@@ -29,27 +29,27 @@ std::string fontName(FontFamily family, bool italic, bool bold) {
 }
 
 bool FontTable::load(const std::string& folder) {
-  std::vector<Font> found;
+  std::vector<std::string> found;
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const std::string& path = entry->path().native();
     if (findIgnoringCase(path, ".afm") == std::string::npos) continue;
     const std::string_view file = std::string_view(path).substr(path.rfind('/') + 1);
-    found.push_back({std::string(file.substr(0, file.size() - std::min(file.size(), kExtension))), {}});
+    found.emplace_back(file.substr(0, file.size() - std::min(file.size(), kExtension)));
   }
   if (fonts_.empty()) folder_ = folder;  // a font that is missing is told to be missing here
   if (found.empty()) return false;
-  std::ranges::sort(found, {}, &Font::name);
-  fonts_ = std::move(found);
+  std::ranges::sort(found);
+  fonts_.clear();
+  for (std::string& name : found) fonts_.push_back({std::move(name), {}});
   folder_ = folder;
   return true;
 }
 
 std::optional<std::size_t> FontTable::find(std::string_view name) const {
-  if (last_ < fonts_.size() && fonts_[last_].name == name) return last_;
   const auto hit = std::ranges::find(fonts_, name, &Font::name);
   if (hit == fonts_.end()) return {};
-  return last_ = static_cast<std::size_t>(hit - fonts_.begin());
+  return static_cast<std::size_t>(hit - fonts_.begin());
 }
 
 std::size_t FontTable::number(std::string_view name) const {

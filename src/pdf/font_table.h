@@ -43,7 +43,6 @@ class FontTable {
 
   std::string folder_;
   std::vector<Font> fonts_;
-  mutable std::size_t last_ = 0;  // where a name was found last
 };
 
 }  // namespace zephon

@@ -10,6 +10,7 @@
 
 #include "pdf/colour.h"
 #include "pdf/content.h"
+#include "pdf/current_x.h"
 #include "pdf/drawing.h"
 #include "pdf/font_table.h"
 #include "pdf/jpeg_header.h"
@@ -96,7 +97,7 @@ class LarkPDF {
   double PDFGetTopMargin() const { return topMargin_; }
   double PDFGetBottomMargin() const { return bottomMargin_; }
   double PDFGetCellMargin() const { return cellMargin_; }
-  double PDFGetX() const { return x_; }
+  double PDFGetX() const { return x_.get(); }
   double PDFGetY() const { return y_; }
 
   // Family: 0 Arial, 1 Courier, 2 Times, 3 Symbol, 4 ZapfDingbats. Size in points. The digits of the style:
@@ -158,8 +159,10 @@ class LarkPDF {
   struct TextStyle {
     std::string font;  // empty until one is set
     std::size_t number = 1;
+    const FontMetrics* metrics = nullptr;  // once they have been asked for
     std::int16_t size = 0;
     bool underline = false;
+    bool coloured = false;  // says its colour: one has been set, or a figure has left its own on the page
     double rotation = 0;
     std::string colour = "0 g";
   };
@@ -197,6 +200,7 @@ class LarkPDF {
   void addCellLine(std::string_view line, const Box& box, bool stretched);
 
   // Figures, pictures and links.
+  Content& pen();
   void setPen();
   void paint();
   void drawRule(std::string_view name, Point from, Point end, const PdfColour& colour);
@@ -233,7 +237,7 @@ class LarkPDF {
   double topMargin_ = 1;
   double bottomMargin_ = 0;
   double cellMargin_ = 3;  // in points
-  double x_ = 1;
+  CurrentX x_;
   double y_ = 1;
 
   std::string metricsFolder_;

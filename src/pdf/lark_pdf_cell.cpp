@@ -30,7 +30,7 @@ void LarkPDF::PDFCell(std::string_view text, double x, double y, double width, d
   }
   content_ << "%FIN_CELL/%" << kCrLf;
   border_.assign(1, '0');
-  x_ = x;
+  x_.set(x);
   y_ = y + height * static_cast<double>(lines.size());
 }
 
@@ -38,7 +38,7 @@ void LarkPDF::PDFCell(std::string_view text, double x, double y, double width, d
 void LarkPDF::addCellBox(const Box& box, std::string_view sides) {
   const bool all = sides == "1";
   if (!all && !fill_ && sides.empty()) return;
-  content_ << drawColour_ << ' ' << fillColour_ << ' ' << lineStyle_ << ' ' << lineWidth_ << " w" << kCrLf;
+  pen() << ' ' << lineWidth_ << " w" << kCrLf;
   if (all || fill_) {
     addBox(content_, {box.x, box.y, box.width, -box.height});
     content_ << (all && fill_ ? "B" : all ? "S" : "f") << kCrLf;

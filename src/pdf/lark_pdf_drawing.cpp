@@ -21,8 +21,13 @@ class Marked {
 }  // namespace
 
 // Every figure sets all that it is drawn with.
+Content& LarkPDF::pen() {
+  style_.coloured = true;
+  return content_ << drawColour_ << ' ' << fillColour_ << ' ' << lineStyle_;
+}
+
 void LarkPDF::setPen() {
-  content_ << drawColour_ << ' ' << fillColour_ << ' ' << lineStyle_ << kCrLf;
+  pen() << kCrLf;
 }
 
 void LarkPDF::paint() {
@@ -42,6 +47,7 @@ void LarkPDF::drawRule(std::string_view name, Point from, Point end, const PdfCo
   if (!colour.valid())
     tell("Line Color - ", "Invalid line color set ." + std::string(kCrLf) + "Setting line color to black.");
   const Marked marked(content_, name);
+  style_.coloured = true;
   content_ << colour.operation("RG") << ' ' << colour.operation("rg") << ' ' << lineStyle_ << kCrLf;
   addLine(content_, place(from.x, from.y), place(end.x, end.y));
   content_ << lineWidth_ << " w S" << kCrLf;

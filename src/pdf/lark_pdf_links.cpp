@@ -33,7 +33,7 @@ bool isAddress(std::string_view url) {
 void LarkPDF::PDFLink(std::string_view text, std::string_view url, double x, double y,
                       std::string_view kind) {
   if (!isOpen()) return;
-  if (x == 0) x = x_;
+  if (x == 0) x = x_.get();
   if (y == 0) y = y_;
   const LinkKind place = kind == "RECTANGLE" ? LinkKind::Rectangle
                          : kind == "ELLIPSE" ? LinkKind::Ellipse

@@ -61,7 +61,7 @@ void LarkPDF::openPage() {
   pages_.back().content = file_.start();
   content_ << kStream << kCrLf;
   if (pages_.size() > 1) content_ << kObjectBegins << kCrLf;
-  x_ = leftMargin_;
+  x_.set(leftMargin_);
   y_ = topMargin_;
 }
 

@@ -42,6 +42,7 @@ PageFormat laid(PageFormat format, char orientation) {
 }  // namespace
 
 LarkPDF::LarkPDF(PdfHost host) : host_(std::move(host)) {
+  x_.set(leftMargin_);
   lineStyle_ = *dashOperator(0);
   paintOperator_ = *paintOperator("D");
 }
@@ -51,8 +52,10 @@ void LarkPDF::PDFInit() {
 }
 
 bool LarkPDF::PDFLoadAfm(const std::string& folder) {
+  x_.set(x_.get());  // by the metrics that are about to go
   const bool found = fonts_.load(folder);
   style_.number = style_.font.empty() ? 1 : fonts_.number(style_.font);
+  style_.metrics = nullptr;
   return found;
 }
 
@@ -173,6 +176,7 @@ std::string LarkPDF::PDFGetAlignement() const {
 void LarkPDF::PDFSetTextColor(const PdfColour& colour) {
   if (!colour.valid()) tell("Text Color ", fault("Invalid HTMl color set", {}, "Set color to  black."));
   style_.colour = colour.operation("rg");
+  style_.coloured = true;
 }
 void LarkPDF::PDFSetLineColor(const PdfColour& colour) {
   if (!colour.valid())

@@ -34,6 +34,7 @@ void LarkPDF::PDFSetFont(int family, int size, int style) {
     style_.font = kFallbackFont;
   }
   style_.number = fonts_.number(style_.font);
+  style_.metrics = nullptr;
   style_.size = static_cast<std::int16_t>(std::clamp(size, 0, INT16_MAX));
   style_.underline = has(kUnderline);
 }
@@ -49,8 +50,12 @@ const FontMetrics* LarkPDF::metricsOf(const std::string& font) {
 }
 
 const FontMetrics* LarkPDF::currentMetrics() {
-  if (!style_.font.empty()) return metricsOf(style_.font);
-  return fonts_.size() > 0 ? metricsOf(fonts_.name(1)) : nullptr;
+  if (style_.metrics) return style_.metrics;
+  if (!style_.font.empty())
+    style_.metrics = metricsOf(style_.font);
+  else if (fonts_.size() > 0)
+    style_.metrics = metricsOf(fonts_.name(1));
+  return style_.metrics;
 }
 
 double LarkPDF::widthOf(std::string_view bytes, double size) {
@@ -65,33 +70,35 @@ double LarkPDF::PDFGetStringWidth(std::string_view text, std::string_view font, 
 
 void LarkPDF::PDFTextOut(std::string_view text, double x, double y) {
   if (!isOpen()) return;
-  if (x == 0) x = x_;
+  if (x == 0) x = x_.get();
   if (y == 0) y = y_;
   const std::string_view bytes = oneByte(text);
   addText(content_, bytes, place(leftMargin_ + x, y));
   moveOn(bytes, x, y);
 }
 
-// Width and size are points, and are added to user units all the same.
+// The size is points, and is added to user units all the same.
 void LarkPDF::moveOn(std::string_view bytes, double x, double y) {
-  x_ = x + widthOf(bytes, style_.size);
+  x_.setEnd(x, bytes, currentMetrics(), style_.size);
   y_ = y + style_.size;
 }
 
 void LarkPDF::addText(Content& to, std::string_view bytes, Point at) {
-  to << "q " << style_.colour << " %DEBUT_TEXT/%\r\nBT\r\n";
+  if (style_.coloured) to << "q " << style_.colour << ' ';
+  to << "%DEBUT_TEXT/%\r\nBT ";
   if (style_.rotation != 0) {
     const double angle = style_.rotation * kPi / 180;
     const double across = std::cos(angle);
     const double up = std::sin(angle);
-    to << across << ' ' << up << ' ' << -up << ' ' << across << ' ' << at.x << ' ' << at.y << " Tm\r\n";
+    to << across << ' ' << up << ' ' << -up << ' ' << across << ' ' << at.x << ' ' << at.y << " Tm ";
   } else {
-    to << at.x << ' ' << at.y << " Td\r\n";
+    to << at.x << ' ' << at.y << " Td ";
   }
   to << "/F" << style_.number << ' ' << writtenSize() << " Tf ";
-  to.quoted(bytes) << " Tj\r\nET\r\n";
+  to.quoted(bytes) << " Tj ET\r\n";
   if (style_.underline) addUnderline(to, bytes, at);
-  to << "Q\r\n%FIN_TEXT/%\r\n";
+  if (style_.coloured) to << "Q\r\n";
+  to << "%FIN_TEXT/%\r\n";
   style_.rotation = 0;
   style_.underline = false;
 }

@@ -1,10 +1,38 @@
 #include "text/fixed_point.h"
 
 #include <charconv>
+#include <utility>
 
 #include "text/picture.h"
 
 namespace zephon {
+namespace {
+
+// The division is by a number that the compiler knows.
+template <int kDecimals>
+char* writeMagnitude(char* to, std::uint64_t ticks, int minWhole) {
+  constexpr auto kPower = static_cast<std::uint64_t>(kPowersOfTen[kDecimals]);
+  const std::uint64_t whole = ticks / kPower;
+  for (int digits = minWhole; digits > 1; --digits)
+    if (whole < static_cast<std::uint64_t>(kPowersOfTen[static_cast<std::size_t>(digits - 1)])) *to++ = '0';
+  to = std::to_chars(to, to + kTicksRoom, whole).ptr;
+  if constexpr (kDecimals == 0) return to;
+  *to = '.';
+  std::uint64_t fraction = ticks % kPower;
+  for (int place = kDecimals; place > 0; --place, fraction /= 10)
+    to[place] = static_cast<char>('0' + fraction % 10);
+  return to + kDecimals + 1;
+}
+
+using Writer = char* (*)(char*, std::uint64_t, int);
+
+template <int... kDecimals>
+constexpr std::array<Writer, sizeof...(kDecimals)> writers(std::integer_sequence<int, kDecimals...> /*all*/) {
+  return {writeMagnitude<kDecimals>...};
+}
+constexpr auto kWriters = writers(std::make_integer_sequence<int, kPowersOfTen.size()>{});
+
+}  // namespace
 
 // An exact half has at most 14 digits, so no shorter decimal form is the same number, and it goes up. Any
 // other number this close to the middle is rounded the slow way.
@@ -26,18 +54,7 @@ char* writeTicks(char* to, std::int64_t ticks, int decimals, int minWhole) {
     *to++ = '-';
     ticks = -ticks;
   }
-  const std::int64_t power = kPowersOfTen[static_cast<std::size_t>(decimals)];
-  const std::int64_t whole = ticks / power;
-  for (int digits = minWhole; digits > 1 && whole < kPowersOfTen[static_cast<std::size_t>(digits - 1)];
-       --digits)
-    *to++ = '0';
-  to = std::to_chars(to, to + kTicksRoom, whole).ptr;
-  if (decimals == 0) return to;
-  *to = '.';
-  std::int64_t fraction = ticks % power;
-  for (int place = decimals; place > 0; --place, fraction /= 10)
-    to[place] = static_cast<char>('0' + fraction % 10);
-  return to + decimals + 1;
+  return kWriters[static_cast<std::size_t>(decimals)](to, static_cast<std::uint64_t>(ticks), minWhole);
 }
 
 char* writeShortest(char* to, double value) {

@@ -31,9 +31,8 @@ class TextBuffer {
   }
 
  private:
-  static constexpr std::size_t kSmallest = 512;
-
-  void grow(std::size_t bytes) { text_.resize(std::max({kSmallest, 2 * text_.size(), used_ + bytes})); }
+  // Apart, so that `room` is short enough to stand where it is called.
+  void grow(std::size_t bytes);
 
   std::string text_;
   std::size_t used_ = 0;

@@ -64,8 +64,8 @@ TEST(PdfLink, kindsPlaceTheirTextAndArea) {
   const WrittenPdf file = world.end();
   const std::string drawn = file.stream(2);
   EXPECT_TRUE(has(drawn,
-                  "%DEBUT_LINK/%\r\nq 0.000 0.000 1.000 rg %DEBUT_TEXT/%\r\nBT\r\n50.00 700.00 Td\r\n"
-                  "/F1 10 Tf (abcd) Tj\r\nET\r\nQ\r\n%FIN_TEXT/%\r\n%FIN_LINK/%\r\n"));
+                  "%DEBUT_LINK/%\r\nq 0.000 0.000 1.000 rg %DEBUT_TEXT/%\r\nBT 50.00 700.00 Td "
+                  "/F1 10 Tf (abcd) Tj ET\r\nQ\r\n%FIN_TEXT/%\r\n%FIN_LINK/%\r\n"));
   for (const char* place : {"150.00 687.00 Td", "73.00 587.00 Td"}) EXPECT_TRUE(has(drawn, place)) << place;
   EXPECT_TRUE(has(drawn, "q 0 g BT /F1 10 Tf 13.00 587.00 Td (x)"));  // its colour is back
   const auto area = [](std::string_view rectangle, std::string_view target) {

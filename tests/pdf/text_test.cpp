@@ -18,7 +18,7 @@ TEST(PdfFont, namesAreThoseOfTheirMetrics) {
     world.pdf.PDFTextOut("x", 10, 10);
     ASSERT_EQ(fonts.name(fonts.number(name)), name);
     const std::string number = std::to_string(fonts.number(name));
-    EXPECT_TRUE(has(world.drawn(), "\r\n/F" + number + " 12 Tf (x) Tj")) << name;
+    EXPECT_TRUE(has(world.drawn(), " Td /F" + number + " 12 Tf (x) Tj")) << name;
   }
 }
 
@@ -69,10 +69,22 @@ TEST(PdfText, standsWithItsColourFontAndPlace) {
   world.pdf.PDFSetTextColor("#0000ff");
   world.pdf.PDFTextOut("a\\b(c) • é", 0, 0);
   EXPECT_EQ(world.drawn(),
-            "q 1.000 0.502 0.000 rg %DEBUT_TEXT/%\r\nBT\r\n10.01 821.89 Td\r\n/F5 12 Tf (AA) Tj\r\nET\r\n"
+            "q 1.000 0.502 0.000 rg %DEBUT_TEXT/%\r\nBT 10.01 821.89 Td /F5 12 Tf (AA) Tj ET\r\n"
             "10.01 820.08 16.01 -0.60 re f\r\nQ\r\n%FIN_TEXT/%\r\n"
-            "q 0.000 0.000 1.000 rg %DEBUT_TEXT/%\r\nBT\r\n26.01 809.89 Td\r\n"
-            "/F5 12 Tf (a\\\\\\\\b\\(c\\) \x95 \xE9) Tj\r\nET\r\nQ\r\n%FIN_TEXT/%");
+            "q 0.000 0.000 1.000 rg %DEBUT_TEXT/%\r\nBT 26.01 809.89 Td "
+            "/F5 12 Tf (a\\\\\\\\b\\(c\\) \x95 \xE9) Tj ET\r\nQ\r\n%FIN_TEXT/%");
+}
+
+TEST(PdfText, parenthesesAndBackslashesAreMarkedWhereverTheyStand) {
+  const std::pair<char, std::string> marked[] = {{'(', "\\("}, {')', "\\)"}, {'\\', "\\\\\\\\"}};
+  for (const std::string plain :
+       {"abcdefghijklmnopqrs", "\xA8\xA9\xDC\x27*[]\x7F\x80\xFF\x01 x\xA9\xDC\xA8]*"})
+    for (std::size_t at = 0; at <= plain.size(); ++at)
+      for (const auto& [c, text] : marked) {
+        const std::string twice = plain.substr(0, at) + c + c + plain.substr(at);
+        EXPECT_EQ(Content().quoted(twice).text(),
+                  '(' + plain.substr(0, at) + text + text + plain.substr(at) + ')');
+      }
 }
 
 TEST(PdfText, aFreshPageTakesTheMarginTwiceAndSizeZeroIsWrittenAsTen) {
@@ -86,7 +98,34 @@ TEST(PdfText, aFreshPageTakesTheMarginTwiceAndSizeZeroIsWrittenAsTen) {
   world.pdf.PDFTextOut("A");
   EXPECT_EQ(world.pdf.PDFGetX(), 7);  // 6 points, taken as centimetres
   EXPECT_EQ(world.pdf.PDFGetY(), 11);
-  EXPECT_TRUE(has(world.drawn(), "q 0 g %DEBUT_TEXT/%\r\nBT\r\n56.69 813.54 Td\r\n/F1 10 Tf (A) Tj"));
+  world.pdf.PDFSetFont(0, 20, 0);
+  EXPECT_EQ(world.pdf.PDFGetStringWidth("A", "", 10), 6.67);
+  world.pdf.PDFLoadAfm(ZEPHON_RESOURCES "/Fonts");
+  EXPECT_EQ(world.pdf.PDFGetX(), 7);  // where the text ended in its own font
+  EXPECT_TRUE(has(world.drawn(), "%DEBUT_TEXT/%\r\nBT 56.69 813.54 Td /F1 10 Tf (A) Tj"));
+}
+
+TEST(PdfText, staysBlackBehindAFigureInAnotherColour) {
+  const std::function<void(LarkPDF&)> figures[] = {
+      [](LarkPDF& pdf) { pdf.PDFDrawLineVer(1, 2, 3, "ff0000"); },
+      [](LarkPDF& pdf) { pdf.PDFDrawRectangle(1, 2, 3, 4); },
+      [](LarkPDF& pdf) {
+        pdf.PDFSetFill(true);
+        pdf.PDFCell("cell", 1, 2, 3, 4);
+      }};
+  for (const auto& draw : figures) {
+    PdfWorld world;
+    world.begin();
+    world.pdf.PDFTextOut("before", 1, 1);
+    world.pdf.PDFSetDrawColor("ff0000");
+    draw(world.pdf);
+    world.pdf.PDFTextOut("behind", 1, 1);
+    const std::string drawn = world.drawn();
+    EXPECT_TRUE(drawn.starts_with("%DEBUT_TEXT/%"));
+    EXPECT_TRUE(drawn.substr(drawn.find("1.000 0.000 0.000 rg")).find("\r\nq 0 g %DEBUT_TEXT/%") !=
+                drawn.npos)
+        << drawn;
+  }
 }
 
 TEST(PdfText, theWatermarkStandsBehindEachPagesContent) {
@@ -99,10 +138,10 @@ TEST(PdfText, theWatermarkStandsBehindEachPagesContent) {
   world.pdf.PDFTextOut("text", 10, 20);
   const WrittenPdf file = world.end();
   const std::string mark =
-      "q 1.000 0.753 0.796 rg %DEBUT_TEXT/%\r\nBT\r\n0.71 0.71 -0.71 0.71 187.81 390.95 Tm\r\n"
-      "/F1 50 Tf (DRAFT) Tj\r\nET\r\nQ\r\n%FIN_TEXT/%";
+      "q 1.000 0.753 0.796 rg %DEBUT_TEXT/%\r\nBT 0.71 0.71 -0.71 0.71 187.81 390.95 Tm "
+      "/F1 50 Tf (DRAFT) Tj ET\r\nQ\r\n%FIN_TEXT/%";
   EXPECT_EQ(file.stream(2), mark);
-  EXPECT_TRUE(file.stream(4).ends_with("Q\r\n%FIN_TEXT/%\r\n" + mark));
+  EXPECT_TRUE(file.stream(4).ends_with("ET\r\n%FIN_TEXT/%\r\n" + mark));
   EXPECT_TRUE(has(file.stream(4), "/F1 10 Tf (text) Tj"));
 }
 

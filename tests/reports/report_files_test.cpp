@@ -76,7 +76,7 @@ TEST_F(ReportFiles, ExpertReportSaysWhatWasFoundUnderAHeadThatEachPageRepeats) {
 // What is drawn, in its order and at its place: 842 less the distance from the top.
 TEST_F(ReportFiles, ThePageFrameStandsWhereReadersKnowIt) {
   const auto text = [](const char* place, const std::string& what) {
-    return std::string(place) + " Td\r\n/F" + what + ") Tj";
+    return std::string(place) + " Td /F" + what + ") Tj";
   };
   const std::tuple<int, int, std::string, std::string, std::string> cases[] = {
       {0, 120, "PDF_titleRV.jpg", "Orvantis PCS", "120V "},
@@ -94,12 +94,12 @@ TEST_F(ReportFiles, ThePageFrameStandsWhereReadersKnowIt) {
         text("45.00 737.00", "5 10 Tf (Pump house"),
         text("125.00 722.00", "5 10 Tf (1.KD1"),
         text("140.00 692.00", "5 10 Tf (" + product + " , " + rating),
-        "15.00 667.00 Td\r\n/F5 8 Tf (Before taking",
+        "15.00 667.00 Td /F5 8 Tf (Before taking",
         "15.00 32.00 m\r\n565.00 32.00 l",
-        "15.00 22.00 Td\r\n/F5 7 Tf (\xA9",
+        "15.00 22.00 Td /F5 7 Tf (\xA9",
         text("200.00 22.00", "5 7 Tf (https://www.zephon.example"),
-        "22.00 Td\r\n/F5 7 Tf (1 of 1",
-        "15.00 647.00 Td\r\n/F5 8 Tf (01. Analysis of the acquired data shows no indication",
+        "22.00 Td /F5 7 Tf (1 of 1",
+        "15.00 647.00 Td /F5 8 Tf (01. Analysis of the acquired data shows no indication",
         std::string(readFile(ZEPHON_RESOURCES "/Fonts/" + picture, 1 << 20).bytes),
         "/URI (https://www.zephon.example)",
     };
