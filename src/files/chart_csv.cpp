@@ -5,7 +5,6 @@
 #include "form/dictionary.h"
 #include "protocol/day_serial.h"
 #include "protocol/firmware_gates.h"
-#include "text/fixed_point.h"
 
 namespace zephon {
 namespace {
@@ -138,9 +137,9 @@ std::optional<Expected> takeRow(CsvFields& fields, Layout layout, SerialReader& 
   ChartRow row{};
   row[0] = serials.serial(*date, *time);
   for (std::size_t i = 0; i < layout.size(); ++i) {
-    const auto value = fields.number(kPlain + i);
+    const auto value = fields.number(kPlain + i, layout[i].decimals);
     if (!value) return Expected{words::kNumbers};
-    row[layout[i].column] = roundQuickly(*value, layout[i].decimals);
+    row[layout[i].column] = *value;
   }
   table.push_back(row);
   return {};

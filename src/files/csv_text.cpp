@@ -18,8 +18,14 @@ bool isDigit(char c) {
   return c >= '0' && c <= '9';
 }
 
-// A number of at most 15 digits and a point at most is a whole number over a power of ten, both exact.
-std::optional<double> shortNumber(std::string_view text) {
+// A number of up to ten characters is a whole number over a power of ten, both exact.
+struct ShortNumber {
+  std::int64_t ticks = 0;
+  int decimals = 0;
+  double value() const { return fromTicks(ticks, decimals); }
+};
+
+std::optional<ShortNumber> shortNumber(std::string_view text) {
   const bool minus = !text.empty() && text[0] == '-';
   if (minus) text.remove_prefix(1);
   if (text.empty() || text.size() > 10 || !isDigit(text.front()) || !isDigit(text.back())) return {};
@@ -34,8 +40,7 @@ std::optional<double> shortNumber(std::string_view text) {
       return {};
     }
   }
-  const double value = fromTicks(digits, static_cast<int>(decimals));
-  return minus ? -value : value;
+  return ShortNumber{minus ? -digits : digits, static_cast<int>(decimals)};
 }
 
 // True when the comma of a number stands for the point: a thousands comma has three digits behind it.
@@ -123,7 +128,19 @@ void CsvFields::joinDecimals(std::size_t plain, std::size_t values) {
 
 std::optional<double> CsvFields::number(std::size_t i) const {
   const std::string_view text = fields_[i];
-  if (const auto value = shortNumber(text)) return value;
+  if (const auto number = shortNumber(text)) return number->value();
+  return longNumber(text);
+}
+
+// Few numbers have more decimals than they are rounded to.
+std::optional<double> CsvFields::number(std::size_t i, int decimals) const {
+  const auto number = shortNumber(fields_[i]);
+  if (number && number->decimals <= decimals) return number->value();
+  const auto value = number ? number->value() : longNumber(fields_[i]);
+  return value ? std::optional(roundQuickly(*value, decimals)) : value;
+}
+
+std::optional<double> CsvFields::longNumber(std::string_view text) const {
   const std::size_t comma = text.find(',');
   if (comma == std::string_view::npos) return plainNumber(text);
   if (separator_ == ',' && !joined_ && !isDecimalComma(text)) return {};

@@ -45,8 +45,11 @@ class CsvFields {
   void joinDecimals(std::size_t plain, std::size_t values);
   // A field as a number with a point, or with a comma where that can be nothing else.
   std::optional<double> number(std::size_t i) const;
+  // The same, rounded.
+  std::optional<double> number(std::size_t i, int decimals) const;
 
  private:
+  std::optional<double> longNumber(std::string_view text) const;
   bool splitQuoted(std::string_view line);
 
   std::array<std::string_view, kMost> fields_;
