@@ -29,6 +29,7 @@ PdfHost hostOf(Main& main) {
   host.message = [&main](const std::string& title, const std::string& text) {
     tellTitled(main, title, text);
   };
+  host.notSaved = [&main](const SaveResult& why) { saveErrorSub(main, saveFaultText(why, main.dict)); };
   return host;
 }
 
@@ -87,13 +88,13 @@ DeviceSettings settingsOf(const Main& main) {
 
 }  // namespace
 
+// What was found is at hand: a link that is lost while a question stands takes nothing away.
 void saveExpertReport(Main& main) {
-  const Stay stay(main);
   const std::vector<std::string> findings = raisedFindings(main.findings);
   const ReportHead head = headOf(main, kKeyExpertTitle, main.findings.dateRange);
   const auto path =
       askForName(main, dictText(main, kKeyProduct) + ' ' + dictText(main, kKeyReport), kPdfFilter);
-  if (!path || !stay.stands() || !mayReplace(main, *path) || !stay.stands()) return;
+  if (!path || main.ending || !mayReplace(main, *path) || main.ending) return;
   const ElementsHeld held{&main.frame.saveBtn};
   if (writeExpertReport(*path, hostOf(main), head, findings, main.dict)) show(main, *path);
 }

@@ -23,6 +23,10 @@ std::size_t fitting(std::string_view bytes, const FontMetrics* metrics, double s
   return bytes.size();
 }
 
+std::string_view withoutBlanksBehind(std::string_view line) {
+  return line.substr(0, line.find_last_not_of(' ') + 1);
+}
+
 }  // namespace
 
 std::vector<std::string_view> cellLines(std::string_view bytes, const FontMetrics* metrics, double size,
@@ -41,7 +45,7 @@ std::vector<std::string_view> cellLines(std::string_view bytes, const FontMetric
       count = blank;
       dropped = 1;
     }
-    lines.push_back(bytes.substr(0, count));
+    lines.push_back(withoutBlanksBehind(bytes.substr(0, count)));
     bytes.remove_prefix(count + dropped);
   }
   return lines;

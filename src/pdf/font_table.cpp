@@ -33,7 +33,7 @@ bool FontTable::load(const std::string& folder) {
   std::error_code error;
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const std::string& path = entry->path().native();
-    if (findIgnoringCase(path, ".afm") == std::string::npos) continue;
+    if (findIgnoringCase(path, ".afm") == std::string::npos || entry->is_directory(error)) continue;
     const std::string_view file = std::string_view(path).substr(path.rfind('/') + 1);
     found.emplace_back(file.substr(0, file.size() - std::min(file.size(), kExtension)));
   }

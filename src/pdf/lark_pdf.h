@@ -179,6 +179,7 @@ class LarkPDF {
   Point place(double x, double y) const { return {x * scale_, fromTop(y)}; }
 
   // The document's life.
+  bool isSaved(const SaveResult& result) const;
   void openPage();
   void closePage();
   void drawWatermark();
@@ -258,6 +259,7 @@ class LarkPDF {
   Box figure_;  // the last rectangle, ellipse or cell, in points from its own corner
 
   std::vector<Image> images_;
+  std::vector<std::string> refused_;  // files that are no pictures, which has been told
 };
 
 }  // namespace zephon

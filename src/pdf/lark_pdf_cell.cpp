@@ -13,8 +13,8 @@ constexpr double kBaseline = 0.3;  // of the font's size, below the middle of th
 void LarkPDF::PDFCell(std::string_view text, double x, double y, double width, double height) {
   if (!isOpen()) return;
   if (width == 0) width = PDFGetPageWidth() - rightMargin_ - x;
-  if (height == 0) height = PDFTextHeight();
   const int size = writtenSize();
+  if (height == 0) height = size / scale_;
   const double room = width * scale_ - 2 * cellMargin_;
   const auto most = static_cast<std::size_t>(std::clamp(room * 10 / size, 1.0, 1e6));
   const std::string bytes(oneByte(text));

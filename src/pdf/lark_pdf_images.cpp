@@ -67,12 +67,16 @@ std::optional<LarkPDF::Image> LarkPDF::readImage(const std::string& file) const 
   return {};
 }
 
-// A file's place in the table, from 1 on, where it comes at its first use.
+// A file's place in the table, from 1 on, where it comes at its first use. One that is no picture is told once.
 std::optional<std::size_t> LarkPDF::imageNumber(const std::string& file) {
   const auto known = std::ranges::find(images_, file, &Image::file);
   if (known != images_.end()) return static_cast<std::size_t>(known - images_.begin()) + 1;
+  if (std::ranges::find(refused_, file) != refused_.end()) return {};
   auto image = readImage(file);
-  if (!image) return {};
+  if (!image) {
+    refused_.push_back(file);
+    return {};
+  }
   images_.push_back(std::move(*image));
   return images_.size();
 }

@@ -8,8 +8,8 @@ namespace zephon {
 namespace {
 
 constexpr std::string_view kVersion = "1.3";
-// Comment lines around each object and each thing drawn (TEXT, CELL, LN, RECT, ...), which let the file be read by
-// eye; no viewer heeds them. DEBUT is begin, FIN is end.
+// Comment lines around texts, cells, most figures and links, and behind pages and pictures, which let the file be
+// read by eye; no viewer heeds them. DEBUT is begin, FIN is end.
 constexpr std::string_view kObjectBegins = "%DEBUT_OBJ/%";
 constexpr std::string_view kObjectEnds = "%FIN_OBJ/%";
 constexpr std::string_view kStream = "stream";
@@ -36,10 +36,16 @@ std::string placed(const std::string& name, const std::string& programFolder) {
 bool LarkPDF::PDFFileName(const std::string& name) {
   if (state_ != State::New) return false;
   fileName_ = placed(name, host_.programFolder);
-  const SaveResult result = file_.open(fileName_);
-  if (!result)
+  return isSaved(file_.open(fileName_));
+}
+
+bool LarkPDF::isSaved(const SaveResult& result) const {
+  if (result) return true;
+  if (host_.notSaved)
+    host_.notSaved(result);
+  else
     tell("File - ", "Cannot write " + fileName_ + "." + std::string(kCrLf) + systemErrorText(result.error));
-  return static_cast<bool>(result);
+  return false;
 }
 
 bool LarkPDF::PDFBeginDoc() {
@@ -154,10 +160,7 @@ bool LarkPDF::PDFEndDoc() {
   closePage();
   writeRest();
   state_ = State::Closed;
-  if (!file_.finish()) {
-    tell("File - ", "Cannot write " + fileName_ + "." + std::string(kCrLf) + file_.failure());
-    return false;
-  }
+  if (!isSaved(file_.finish())) return false;
   if (confirm_) tell({}, "Report Saved.");
   if (view_ && host_.openViewer) host_.openViewer(fileName_);
   return true;

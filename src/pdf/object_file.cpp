@@ -1,9 +1,9 @@
 #include "pdf/object_file.h"
 
+#include <cerrno>
 #include <limits>
 
 #include "pdf/content.h"
-#include "platform/error_text.h"
 
 namespace zephon {
 namespace {
@@ -11,6 +11,7 @@ namespace {
 constexpr std::size_t kBlock = 1 << 16;
 constexpr int kMostObjects = std::numeric_limits<std::int16_t>::max();
 constexpr std::int64_t kMostOffset = std::numeric_limits<std::int32_t>::max();
+constexpr SaveResult kTooLarge{SaveStep::Write, EFBIG};
 
 }  // namespace
 
@@ -18,13 +19,13 @@ SaveResult ObjectFile::open(const std::string& path) {
   pending_.clear();
   offsets_.clear();
   offset_ = 0;
-  failure_.clear();
+  failure_ = {};
   return save_.begin(path);
 }
 
 int ObjectFile::start() {
   if (last() == kMostObjects) {
-    fail("the document has too many objects");
+    check(kTooLarge);
     return last();
   }
   offsets_.push_back(offset_);
@@ -33,7 +34,7 @@ int ObjectFile::start() {
 
 void ObjectFile::write(std::string_view piece) {
   offset_ += static_cast<std::int64_t>(piece.size());
-  if (offset_ > kMostOffset) fail("the document is too large");
+  if (offset_ > kMostOffset) check(kTooLarge);
   append(piece);
 }
 
@@ -47,10 +48,10 @@ void ObjectFile::writeMarker(std::string_view marker) {
   append(kCrLf);
 }
 
-bool ObjectFile::finish() {
+SaveResult ObjectFile::finish() {
   flush();
   if (save_.isOpen()) check(save_.finish());
-  return failure_.empty();
+  return failure_;
 }
 
 void ObjectFile::append(std::string_view bytes) {
@@ -65,11 +66,8 @@ void ObjectFile::flush() {
 }
 
 void ObjectFile::check(const SaveResult& result) {
-  if (!result) fail(systemErrorText(result.error));
-}
-
-void ObjectFile::fail(const std::string& why) {
-  if (failure_.empty()) failure_ = why;
+  if (result) return;
+  if (failure_) failure_ = result;
   save_.drop();
 }
 

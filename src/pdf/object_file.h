@@ -13,7 +13,7 @@ namespace zephon {
 //
 // The offsets are sums of the lengths of the texts written: the line end behind each text and the markers
 // between them are not counted, so the table is approximate, and readers find the objects by their heads.
-// Numbers have 16 bits and offsets 32: past either the document fails.
+// Numbers have 16 bits and offsets 32: past either the document is too large a file (EFBIG).
 class ObjectFile {
  public:
   SaveResult open(const std::string& path);
@@ -32,22 +32,19 @@ class ObjectFile {
   // A line that no offset counts.
   void writeMarker(std::string_view marker);
 
-  // Puts the file in its place. After a failure, then or before, nothing of it is left and `failure` says
-  // why.
-  bool finish();
-  const std::string& failure() const { return failure_; }
+  // Puts the file in its place. After a failure, then or before, nothing of it is left.
+  SaveResult finish();
 
  private:
   void append(std::string_view bytes);
   void flush();
   void check(const SaveResult& result);
-  void fail(const std::string& why);
 
   FileSave save_;
   std::string pending_;
   std::vector<std::int64_t> offsets_;
   std::int64_t offset_ = 0;
-  std::string failure_;
+  SaveResult failure_;  // the first
 };
 
 }  // namespace zephon

@@ -38,6 +38,21 @@ std::string points(double value) {
   return shortestText(roundDecimals(value, 2));
 }
 
+// A name as it stands behind its slash: what may not stand in one as two hexadecimal digits.
+std::string nameText(std::string_view name) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string text;
+  for (const char c : name) {
+    if (c > ' ' && c < 0x7F && std::string_view("()<>[]{}/%#").find(c) == std::string_view::npos) {
+      text += c;
+    } else {
+      const auto byte = static_cast<unsigned char>(c);
+      text += {'#', kDigits[byte >> 4], kDigits[byte & 0xF]};
+    }
+  }
+  return text;
+}
+
 // The font that a reader knows, where it goes by another name than its file.
 std::string_view standardName(std::string_view name) {
   if (name == "TimesItalic") return "Times-Italic";
@@ -120,7 +135,7 @@ std::string lengthObject(int number, std::size_t length) {
 std::string fontObject(int number, std::size_t fontNumber, std::string_view name) {
   Content text;
   text << Head{number} << "<< /Type /Font" << kCrLf << "/Subtype /Type1" << kCrLf;
-  text << "/Name /F" << fontNumber << kCrLf << "/BaseFont /" << standardName(name) << kCrLf;
+  text << "/Name /F" << fontNumber << kCrLf << "/BaseFont /" << nameText(standardName(name)) << kCrLf;
   if (name != "Symbol" && name != "ZapfDingbats") text << "/Encoding /WinAnsiEncoding" << kCrLf;
   text << ">>" << kCrLf << kEnd;
   return text.string();
@@ -195,10 +210,9 @@ std::string catalogObject(int number, const CatalogSettings& settings, const Cat
   addOpenAction(text, settings.zoom, objects.firstPage);
   const auto layout = static_cast<std::size_t>(settings.layout);
   if (layout < kLayouts.size()) text << "/PageLayout /" << kLayouts[layout] << kCrLf;
-  const bool outlines = settings.outlines && objects.outlines != 0;
   if (settings.thumbs) text << "/PageMode /UseThumbs" << kCrLf;
   if (objects.outlines != 0) text << "/Outlines " << Reference{objects.outlines} << kCrLf;
-  if (outlines) text << "/PageMode /UseOutlines" << kCrLf;
+  if (settings.outlines) text << "/PageMode /UseOutlines" << kCrLf;
   if (!settings.preferences.empty()) addPreferences(text, settings.preferences);
   text << ">>" << kCrLf << kEnd;
   return text.string();

@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/save_file.h"
 #include "text/calendar.h"
 
 namespace zephon {
@@ -14,6 +15,8 @@ struct PdfHost {
   std::function<CalendarTime()> now;
   std::function<void(const std::string& title, const std::string& text)> message;
   std::function<void(const std::string& file)> openViewer;
+  // That the file could not be made or written, in place of a message.
+  std::function<void(const SaveResult& why)> notSaved;
 };
 
 }  // namespace zephon

@@ -40,6 +40,7 @@ constexpr double kFootLine = 810;
 constexpr double kFootText = 820;
 constexpr double kLinkX = 200;
 constexpr double kGap = 3;
+constexpr double kLongLabelShift = 15;
 constexpr double kRuleDrop = 2;  // below the letters, clear of the next line's
 constexpr int kMargin = 0;
 
@@ -124,14 +125,16 @@ void ReportDocument::drawHead() {
 void ReportDocument::drawFacts() {
   drawFact(90, 155, textOf(dict_, kKeyPeriod), head_.dateRange);
   drawFact(105, 45, "ID", head_.userID);
-  drawFact(120, 125, textOf(dict_, kKeyFirmware), head_.firmwareVersion);
-  drawFact(135, 75, textOf(dict_, kKeyChip), head_.chipID);
+  drawFact(120, 125, textOf(dict_, kKeyFirmware), head_.firmwareVersion, 17);
+  drawFact(135, 75, textOf(dict_, kKeyChip), head_.chipID, 8);
   drawFact(150, 140, textOf(dict_, kKeyDevice),
-           productName(head_.modelLine) + " , " + ratingText(head_.nominalVolts));
+           productName(head_.modelLine) + " , " + ratingText(head_.nominalVolts), 24);
 }
 
-// A label that takes more room than its language was given moves its value to the right.
-void ReportDocument::drawFact(double y, double valueX, const std::string& label, const std::string& value) {
+// A label that is long in its language, or takes more room than it was given, moves its value to the right.
+void ReportDocument::drawFact(double y, double valueX, const std::string& label, const std::string& value,
+                              std::size_t longLabel) {
+  if (toWindows1252(label).size() >= longLabel) valueX += kLongLabelShift;
   const std::string text = kBullet + label + ": ";
   pdf_.PDFSetFont(kSans, kFactSize, kBold);
   pdf_.PDFTextOut(text, kLeft, y);

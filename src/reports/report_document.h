@@ -53,7 +53,8 @@ class ReportDocument {
  private:
   void drawHead();
   void drawFacts();
-  void drawFact(double y, double valueX, const std::string& label, const std::string& value);
+  void drawFact(double y, double valueX, const std::string& label, const std::string& value,
+                std::size_t longLabel = std::string::npos);
   void drawFoot();
   double widthOf(std::string_view text, int size, bool bold);
 

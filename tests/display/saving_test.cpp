@@ -125,10 +125,23 @@ TEST_F(Saving, AReportIsAskedForWrittenAndOpened) {
   EXPECT_EQ(boxesOf(f.expertBtn), "prompt saveFile okCancel message openInViewer message ");
   EXPECT_NE(dialogs.texts().back().find(folder / "report.pdf"), std::string::npos);
   EXPECT_TRUE(isPdf());
+  const auto isTold = [&] {
+    const auto& box = dialogs.shown().back();
+    return box.text == main.dict[47] && box.detail.find("No such file or directory") != std::string::npos;
+  };
   dialogs.saveAnswer = folder / "missing/report.pdf";
   EXPECT_EQ(boxesOf(f.expertBtn), "prompt saveFile message ") << "what was not written is not opened";
+  EXPECT_TRUE(isTold());
   d.tsDataBtn.click();  // events are saved as a report under any name but a .csv file's
   EXPECT_EQ(boxesOf(f.saveBtn), "saveFile message ");
+  EXPECT_TRUE(isTold());
+  d.histDataBtn.click();
+  dialogs.saveAnswer = folder / "late.pdf";
+  dialogs.meanwhile = [&] {
+    if (dialogs.shown().back().kind == "saveFile") unplug();
+  };
+  f.expertBtn.click();
+  EXPECT_TRUE(folder.get("late.pdf").starts_with("%PDF-1.3")) << "the link was lost while the question stood";
 }
 
 }  // namespace

@@ -64,7 +64,9 @@ TEST(PdfImage, faultsHaveTheirWords) {
   for (const auto& [file, text] : cases) {
     world.pdf.PDFImage(file, 1, 2, 3, 4);
     EXPECT_EQ(world.messages.back().second, text);
+    world.pdf.PDFImage(file, 1, 2, 3, 4);
   }
+  EXPECT_EQ(world.messages.size(), std::size(cases)) << "each file is told once";
   EXPECT_EQ(world.end().count("ImgJPEG"), 0);
 }
 

@@ -47,6 +47,16 @@ TEST(PdfFont, metricsAreReadBetweenTheirMarks) {
   EXPECT_EQ(stringWidth(metrics, "BDBx", 10), 10.4);
 }
 
+TEST(PdfFont, everyMetricFileIsAFontUnderItsName) {
+  PdfWorld world;
+  std::filesystem::create_directory(world.folder / "Old.afm");
+  world.folder.put("My Font(1).AFM", "");
+  world.begin(world.folder / "");
+  const WrittenPdf file = world.end();
+  EXPECT_EQ(file.count("/BaseFont"), 1);
+  EXPECT_TRUE(has(file.object(4), "/Name /F1\r\n/BaseFont /My#20Font#281#29\r\n"));
+}
+
 TEST(PdfFont, missingMetricsTellOnceAndTextStillStands) {
   PdfWorld world;
   world.begin(world.folder / "");
@@ -149,13 +159,15 @@ TEST(PdfCell, cutsItsTextIntoLines) {
   FontMetrics courier;
   courier.widths.fill(600);
   using Lines = std::vector<std::string_view>;
-  const std::tuple<const char*, double, Lines> cases[] = {{"", 60, {""}},
-                                                          {"one two three", 42, {"one two", "three"}},
-                                                          {"one two three", 41.9, {"one", "two", "three"}},
-                                                          {"onetwothree", 30, {"onetw", "othre", "e"}},
-                                                          {"a\r\nb\r\n\r\n", 60, {"a", "b", ""}},
-                                                          {" one", 18, {" on", "e"}},
-                                                          {"two", -5, {"t", "w", "o"}}};
+  const std::tuple<const char*, double, Lines> cases[] = {
+      {"", 60, {""}},
+      {"one two three", 42, {"one two", "three"}},
+      {"one two three", 41.9, {"one", "two", "three"}},
+      {"onetwothree", 30, {"onetw", "othre", "e"}},
+      {"a\r\nb\r\n\r\n", 60, {"a", "b", ""}},
+      {" one", 18, {" on", "e"}},
+      {"one     \r\ntwo     six ", 30, {"one", "two", "six"}},
+      {"two", -5, {"t", "w", "o"}}};
   for (const auto& [text, width, lines] : cases)
     EXPECT_EQ(cellLines(text, &courier, 10, width, 99), lines) << text;
   EXPECT_EQ(cellLines("one two", &courier, 10, 60, 4), (Lines{"one", "two"}));

@@ -58,9 +58,11 @@ struct PdfWorld {
   std::vector<Message> messages;
   std::vector<std::string> viewed;
   LarkPDF pdf{
-      {folder / "", [] { return CalendarTime{2026, 3, 4, 5, 6, 7}; },
+      {folder / "",
+       [] { return CalendarTime{2026, 3, 4, 5, 6, 7}; },
        [this](const std::string& title, const std::string& text) { messages.emplace_back(title, text); },
-       [this](const std::string& file) { viewed.push_back(file); }}};
+       [this](const std::string& file) { viewed.push_back(file); },
+       {}}};
 
   // In points without margins, so that lengths are what is written.
   void begin(const std::string& fonts = ZEPHON_RESOURCES "/Fonts") {

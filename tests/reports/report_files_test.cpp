@@ -109,6 +109,13 @@ TEST_F(ReportFiles, ThePageFrameStandsWhereReadersKnowIt) {
       ASSERT_NE(at, std::string::npos) << mark.substr(0, 200);
     }
   }
+  // Labels that are long for their places, if not too long, move the values.
+  english[22] = "17 characters i..";
+  english[23] = "8 char..";
+  english[167] = "24 characters iiiiiiii..";
+  ASSERT_TRUE(writeExpertReport(path, host(), head(0, 120), {}, english));
+  for (const char* place : {"BT 140.00 722.00 Td", "BT 90.00 707.00 Td", "BT 155.00 692.00 Td"})
+    EXPECT_TRUE(holds(folder.get("report.pdf"), place)) << place;
 }
 
 // Every sentence of every language, each at its longest, stays between the margins.
