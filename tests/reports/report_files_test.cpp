@@ -110,9 +110,8 @@ TEST_F(ReportFiles, ThePageFrameStandsWhereReadersKnowIt) {
     }
   }
   // Labels that are long for their places, if not too long, move the values.
-  english[22] = "17 characters i..";
-  english[23] = "8 char..";
-  english[167] = "24 characters iiiiiiii..";
+  for (const auto& [key, length] : {std::pair(22, 17), {23, 8}, {167, 24}})
+    english[static_cast<std::size_t>(key)] = std::string(static_cast<std::size_t>(length), 'i');
   ASSERT_TRUE(writeExpertReport(path, host(), head(0, 120), {}, english));
   for (const char* place : {"BT 140.00 722.00 Td", "BT 90.00 707.00 Td", "BT 155.00 692.00 Td"})
     EXPECT_TRUE(holds(folder.get("report.pdf"), place)) << place;
