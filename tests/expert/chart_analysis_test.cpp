@@ -71,7 +71,8 @@ const std::vector<Cells> kQuiet[] = {
 };
 
 TEST(ExpertChart, RaisesWhatEachRuleSaysAtItsBounds) {
-  for (const auto& [nominal, rated] : {std::pair{120, 120}, {240, 208}, {240, 230}, {240, 240}}) {
+  for (const auto& volts : {std::pair{120, 120}, {240, 208}, {240, 230}, {240, 240}}) {
+    const auto nominal = volts.first, rated = volts.second;
     for (const auto& changes : kQuiet) {
       const Logs logs = chart(kRows, rated, changes);
       EXPECT_EQ(raised(expertChart(logs, device(nominal, rated))), std::set<int>{}) << rated;

@@ -77,7 +77,8 @@ const std::pair<std::size_t, std::vector<Cells>> kQuiet[] = {
 
 // Far below its rating a device takes every half hour for a minimum, on all days that count.
 TEST(ExpertHist, RaisesWhatEachRuleSaysAtItsBounds) {
-  for (const auto& [nominal, rated] : {std::pair{120, 120}, {240, 208}, {240, 230}, {240, 240}, {120, 100}}) {
+  for (const auto& volts : {std::pair{120, 120}, {240, 208}, {240, 230}, {240, 240}, {120, 100}}) {
+    const auto nominal = volts.first, rated = volts.second;
     const auto found = [&](std::size_t rows, const std::vector<Cells>& changes) {
       std::set<int> slots = raised(expertHist(history(rows, rated, changes), device(nominal, rated)));
       if (rated < 0.95 * nominal && rows > kShort) {

@@ -98,9 +98,8 @@ TEST(ScopePty, DrawsTheWaveWithinAStepInEachModeAndTimeFactor) {
       for (int mode = 1; mode <= 3; ++mode) {
         const std::size_t samples = 256 * static_cast<std::size_t>(std::max(factor, 1.0F));
         ASSERT_TRUE(tool.capture(mode, factor)) << waveform << ' ' << mode << ' ' << factor;
-        const auto fault = [&] {
-          return tool.faultOf(*simulator::waveformNamed(waveform), *kinds[mode - 1], samples);
-        };
+        const auto wave = *simulator::waveformNamed(waveform);
+        const auto fault = [&] { return tool.faultOf(wave, *kinds[mode - 1], samples); };
         // A machine with other work may hold up a command until the block before it has left.
         for (int again = 0; factor > 1 && again < 3 && !fault().empty(); ++again)
           tool.next([] { return true; });
