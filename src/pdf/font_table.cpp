@@ -31,9 +31,10 @@ std::string fontName(FontFamily family, bool italic, bool bold) {
 bool FontTable::load(const std::string& folder) {
   std::vector<std::string> found;
   std::error_code error;
+  std::error_code ignored;  // a link to nowhere is a font without metrics
   for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const std::string& path = entry->path().native();
-    if (findIgnoringCase(path, ".afm") == std::string::npos || entry->is_directory(error)) continue;
+    if (findIgnoringCase(path, ".afm") == std::string::npos || entry->is_directory(ignored)) continue;
     const std::string_view file = std::string_view(path).substr(path.rfind('/') + 1);
     found.emplace_back(file.substr(0, file.size() - std::min(file.size(), kExtension)));
   }

@@ -50,11 +50,12 @@ TEST(PdfFont, metricsAreReadBetweenTheirMarks) {
 TEST(PdfFont, everyMetricFileIsAFontUnderItsName) {
   PdfWorld world;
   std::filesystem::create_directory(world.folder / "Old.afm");
+  std::filesystem::create_symlink("nowhere", world.folder / "Gone.afm");
   world.folder.put("My Font(1).AFM", "");
   world.begin(world.folder / "");
   const WrittenPdf file = world.end();
-  EXPECT_EQ(file.count("/BaseFont"), 1);
-  EXPECT_TRUE(has(file.object(4), "/Name /F1\r\n/BaseFont /My#20Font#281#29\r\n"));
+  EXPECT_EQ(file.count("/BaseFont"), 2);
+  EXPECT_TRUE(has(file.object(5), "/Name /F2\r\n/BaseFont /My#20Font#281#29\r\n"));
 }
 
 TEST(PdfFont, missingMetricsTellOnceAndTextStillStands) {

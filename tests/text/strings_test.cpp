@@ -15,13 +15,6 @@ TEST(Strings, splitsIntoEveryPartAndComparesWithoutCase) {
   EXPECT_EQ(findIgnoringCase("xxon/OFF", "off"), 5u);
 }
 
-TEST(Strings, cutsWithinShortTexts) {
-  EXPECT_EQ(trimmed(" \t a b\r\n"), "a b");
-  EXPECT_EQ(lastOf("abc", 5), "abc");
-  EXPECT_EQ(partOf("abc", 1, 5), "bc");
-  EXPECT_EQ(partOf("abc", 9, 1), "");
-}
-
 TEST(Windows1252, takesEveryByteThereAndBack) {
   for (int code = 0; code < 256; ++code) {
     const std::string byte(1, static_cast<char>(code));
